@@ -1,0 +1,7 @@
+set(CMAKE_C_COMPILER ${nux_triple}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${nux_triple}-g++-posix)
+set(CMAKE_RC_COMPILER ${nux_triple}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${nux_triple})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

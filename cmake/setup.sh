@@ -1,0 +1,24 @@
+# Sourced by the root's commands: installs what they need on Debian 12, if it is missing.
+
+packages=(
+    cmake ninja-build make g++ clang-format python3
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
+    libwine-dev libwine wine wine64 fonts-wine fonts-liberation
+    googletest xvfb xdotool imagemagick
+)
+
+say() { printf '== %s\n' "$*"; }
+
+install_packages() {
+    local missing=() package
+    for package in "${packages[@]}"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    say "installing Debian packages: ${missing[*]}"
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -q
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -q --no-install-recommends "${missing[@]}"
+}

@@ -1,0 +1,41 @@
+// The four functions through which COM and the registering programs reach the module.
+
+#include "framework/Module.h"
+
+#include "control/nuxStdParts.h"
+#include "framework/ClassFactory.h"
+#include "framework/RegistryScript.h"
+#include "resources/resource.h"
+
+BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        nux::SetThisModule(module);
+        DisableThreadLibraryCalls(module);
+    }
+    return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
+    if (!object)
+        return E_POINTER;
+    *object = nullptr;
+    if (classId != CLSID_nuxStdParts)
+        return CLASS_E_CLASSNOTAVAILABLE;
+    return nux::Guarded(
+        [&] { return nux::MakeObject<nux::ClassFactory<nux::nuxStdParts>>()->QueryInterface(iid, object); });
+}
+
+STDAPI DllCanUnloadNow() {
+    if (nux::LiveObjects() != 0)
+        return S_FALSE;
+    nux::ReleaseTypeInfos();
+    return S_OK;
+}
+
+STDAPI DllRegisterServer() {
+    return nux::ApplyRegistryScript(IDR_REGISTRY, true);
+}
+
+STDAPI DllUnregisterServer() {
+    return nux::ApplyRegistryScript(IDR_REGISTRY, false);
+}

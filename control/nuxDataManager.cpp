@@ -1,0 +1,85 @@
+#include "control/nuxDataManager.h"
+
+namespace nux {
+namespace {
+
+constexpr VARTYPE variantArray = VT_ARRAY | VT_VARIANT;
+
+HRESULT GetSizes(VARIANT& sizes, VARIANT* pVal) noexcept {
+    if (!pVal)
+        return E_INVALIDARG;
+    if (sizes.vt != variantArray)
+        return E_FAIL;
+    return VariantCopy(pVal, &sizes);
+}
+
+HRESULT PutSizes(VARIANT& sizes, VARIANT& newVal) noexcept {
+    if (newVal.vt != variantArray)
+        return E_INVALIDARG;
+    return VariantCopy(&sizes, &newVal);
+}
+
+HRESULT GetText(const std::string& text, VARIANT* pVal) noexcept {
+    if (!pVal)
+        return E_INVALIDARG;
+    if (text.empty())
+        return E_FAIL;
+    return Guarded([&] {
+        BSTR copy = Bstr(text, CP_ACP).Detach();
+        VariantClear(pVal);
+        pVal->vt = VT_BSTR;
+        pVal->bstrVal = copy;
+        return S_OK;
+    });
+}
+
+HRESULT PutText(std::string& text, const VARIANT& newVal) noexcept {
+    if (newVal.vt != VT_BSTR)
+        return E_INVALIDARG;
+    return Guarded([&] {
+        text = Narrow(newVal.bstrVal);
+        return S_OK;
+    });
+}
+
+}  // namespace
+
+STDMETHODIMP nuxDataManager::get_CavityPlateSizes(VARIANT* pVal) {
+    return GetSizes(m_CavityPlateSizes, pVal);
+}
+
+STDMETHODIMP nuxDataManager::put_CavityPlateSizes(VARIANT newVal) {
+    return PutSizes(m_CavityPlateSizes, newVal);
+}
+
+STDMETHODIMP nuxDataManager::get_CorePlateSizes(VARIANT* pVal) {
+    return GetSizes(m_CorePlateSizes, pVal);
+}
+
+STDMETHODIMP nuxDataManager::put_CorePlateSizes(VARIANT newVal) {
+    return PutSizes(m_CorePlateSizes, newVal);
+}
+
+STDMETHODIMP nuxDataManager::ClearData() {
+    VariantClear(&m_CavityPlateSizes);
+    VariantClear(&m_CorePlateSizes);
+    return S_OK;
+}
+
+STDMETHODIMP nuxDataManager::get_CatalogName(VARIANT* pVal) {
+    return GetText(m_CatalogName, pVal);
+}
+
+STDMETHODIMP nuxDataManager::put_CatalogName(VARIANT newVal) {
+    return PutText(m_CatalogName, newVal);
+}
+
+STDMETHODIMP nuxDataManager::get_Units(VARIANT* pVal) {
+    return GetText(m_Units, pVal);
+}
+
+STDMETHODIMP nuxDataManager::put_Units(VARIANT newVal) {
+    return PutText(m_Units, newVal);
+}
+
+}  // namespace nux

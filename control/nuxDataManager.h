@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "framework/Automation.h"
+#include "framework/TypeLibrary.h"
+#include "nuxStdPartsAX.h"
+
+namespace nux {
+
+/// Values that pages hand to one another while the host runs: sizes of the cavity and core plates, name of the
+/// catalogue, units.
+class nuxDataManager : public Dispatch<InuxDataManager, &IID_InuxDataManager> {
+public:
+    /// Get: E_INVALIDARG for a null pointer, E_FAIL unless an array was put.
+    /// Put: E_INVALIDARG unless the value is an array of VARIANT.
+    STDMETHODIMP get_CavityPlateSizes(VARIANT* pVal) override;
+    STDMETHODIMP put_CavityPlateSizes(VARIANT newVal) override;
+    STDMETHODIMP get_CorePlateSizes(VARIANT* pVal) override;
+    STDMETHODIMP put_CorePlateSizes(VARIANT newVal) override;
+
+    /// Forgets the sizes only: pages rely on the catalogue's name and the units outliving it.
+    STDMETHODIMP ClearData() override;
+
+    /// Get: E_INVALIDARG for a null pointer, E_FAIL while the text is empty.
+    /// Put: E_INVALIDARG unless the value is a string.
+    STDMETHODIMP get_CatalogName(VARIANT* pVal) override;
+    STDMETHODIMP put_CatalogName(VARIANT newVal) override;
+    STDMETHODIMP get_Units(VARIANT* pVal) override;
+    STDMETHODIMP put_Units(VARIANT newVal) override;
+
+protected:
+    void* FindInterface(REFIID iid) noexcept { return FindDispatchInterface(iid); }
+
+private:
+    Variant m_CavityPlateSizes;
+    Variant m_CorePlateSizes;
+    std::string m_CatalogName;
+    std::string m_Units;
+};
+
+}  // namespace nux

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+
+#include <string>
+
+namespace nux {
+
+/// The installation as the layers without an automation object know it. Each path carries its closing
+/// separator and is appended to as it stands.
+struct InstallationPaths {
+    std::string catalog;     ///< root of the catalogues
+    std::string data;        ///< default page and wizard page
+    std::string gui;         ///< wizard pages; the locale folder lies beside it
+    std::string customDims;  ///< root of the user's dimension files
+};
+
+/// Process-wide: the last call of SetTRNVPaths of any object wins.
+InstallationPaths& Installation() noexcept;
+
+/// The host's 3D side, which is asked for the folders of catalogues. No reference is held: whoever sets it
+/// withdraws it (WithdrawHost3D) before it lets go of its own reference. Null for none.
+void SetHost3D(IDispatch* host) noexcept;
+
+/// Forgets the 3D side if it is `host`.
+void WithdrawHost3D(const IDispatch* host) noexcept;
+
+/// Folder of a catalogue, as the host tells it, with its closing separator.
+/// @param catalogId  catalogue ID; an empty one asks for the root of all catalogues
+/// @return the host's answer; the catalogue root itself, without the ID, if there is no host, it is a foreign
+///         object, or it gives no string. Throws std::bad_alloc.
+std::string GetCatalogFolder(const std::string& catalogId);
+
+}  // namespace nux

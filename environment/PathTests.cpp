@@ -1,0 +1,39 @@
+#include "environment/PathTests.h"
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "framework/Handles.h"
+
+namespace nux {
+namespace {
+
+constexpr std::string_view fileScheme = "file://";
+
+}  // namespace
+
+bool FileExists(const std::string& path) noexcept {
+    const UniqueFile file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    return static_cast<bool>(file);
+}
+
+bool DirectoryExists(std::string path) noexcept {
+    if (!path.empty() && (path.back() == '/' || path.back() == '\\'))
+        path.pop_back();
+    WIN32_FIND_DATAA found;
+    const HANDLE search = FindFirstFileA(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return false;
+    FindClose(search);
+    return true;
+}
+
+bool URLTargetExists(const std::string& url) noexcept {
+    if (_strnicmp(url.c_str(), fileScheme.data(), fileScheme.size()) != 0)
+        return true;
+    return FileExists(url.c_str() + fileScheme.size());
+}
+
+}  // namespace nux

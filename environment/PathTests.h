@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace nux {
+
+/// Whether `path` can be opened for reading while others may read it. A folder, and a file that another
+/// process holds without read sharing, count as missing.
+bool FileExists(const std::string& path) noexcept;
+
+/// Whether anything of that name exists, a plain file included. One separator at the end is taken off first.
+bool DirectoryExists(std::string path) noexcept;
+
+/// For a "file://" URL (whatever its case) whether its file exists. Any other URL counts as present.
+bool URLTargetExists(const std::string& url) noexcept;
+
+}  // namespace nux

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <windows.h>
+
+#include <ocidl.h>
+#include <olectl.h>
+
+#include <initializer_list>
+#include <list>
+#include <vector>
+
+#include "framework/ComPtr.h"
+
+namespace nux {
+
+/// One outgoing interface of an object, with the sinks that are connected to it. It lives inside its
+/// container and shares the container's reference count.
+class ConnectionPoint final : public IConnectionPoint {
+public:
+    ConnectionPoint(IConnectionPointContainer& container, REFIID iid) : container_(container), iid_(iid) {}
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+    STDMETHODIMP_(ULONG) AddRef() override { return container_.AddRef(); }
+    STDMETHODIMP_(ULONG) Release() override { return container_.Release(); }
+
+    STDMETHODIMP GetConnectionInterface(IID* iid) override;
+    STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override;
+    /// CONNECT_E_CANNOTCONNECT for a sink that does not offer the outgoing interface.
+    STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) override;
+    STDMETHODIMP Unadvise(DWORD cookie) override;
+    STDMETHODIMP EnumConnections(IEnumConnections** enumeration) override;
+
+private:
+    struct Connection {
+        DWORD cookie;
+        ComPtr<IUnknown> sink;
+    };
+
+    IConnectionPointContainer& container_;
+    IID iid_;
+    std::vector<Connection> connections_;
+    DWORD lastCookie_ = 0;
+};
+
+/// IConnectionPointContainer over a fixed set of outgoing interfaces.
+class ConnectionPoints : public IConnectionPointContainer {
+public:
+    explicit ConnectionPoints(std::initializer_list<IID> outgoing);
+
+    STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** enumeration) override;
+    /// CONNECT_E_NOCONNECTION for an interface that is not outgoing here.
+    STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
+
+private:
+    std::list<ConnectionPoint> points_;
+};
+
+}  // namespace nux

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <windows.h>
+
+#include <exception>
+#include <new>
+
+namespace nux {
+
+/// A failure that is raised inside and leaves the component as its code.
+class HResultError : public std::exception {
+public:
+    explicit HResultError(HRESULT code) noexcept : code_(code) {}
+    HRESULT Code() const noexcept { return code_; }
+    const char* what() const noexcept override { return "HRESULT failure"; }
+
+private:
+    HRESULT code_;
+};
+
+/// Raises `result` if it is a failure.
+inline void ThrowIfFailed(HRESULT result) {
+    if (FAILED(result))
+        throw HResultError(result);
+}
+
+/// The code of the exception that is being handled. To be called in a catch block only.
+HRESULT CodeOfCurrentException() noexcept;
+
+/// Runs the body of an operation that is called from outside: no exception passes this point.
+template <class Body>
+HRESULT Guarded(Body&& body) noexcept {
+    try {
+        return body();
+    } catch (...) {
+        return CodeOfCurrentException();
+    }
+}
+
+}  // namespace nux

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <utility>
+
+namespace nux {
+
+/// Owns one handle. `Traits` tell its type, its empty value and how it is closed.
+template <class Traits>
+class UniqueHandle {
+public:
+    using Type = typename Traits::Type;
+
+    UniqueHandle() noexcept = default;
+    explicit UniqueHandle(Type handle) noexcept : handle_(handle) {}
+    UniqueHandle(UniqueHandle&& other) noexcept : handle_(other.Detach()) {}
+    UniqueHandle& operator=(UniqueHandle&& other) noexcept {
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
+    ~UniqueHandle() { Reset(); }
+
+    Type Get() const noexcept { return handle_; }
+    explicit operator bool() const noexcept { return handle_ != Traits::Empty(); }
+    [[nodiscard]] Type Detach() noexcept { return std::exchange(handle_, Traits::Empty()); }
+    void Reset() noexcept {
+        if (*this)
+            Traits::Close(Detach());
+    }
+    /// For out arguments: what was held is closed first.
+    Type* Receive() noexcept {
+        Reset();
+        return &handle_;
+    }
+
+private:
+    Type handle_ = Traits::Empty();
+};
+
+struct FileTraits {
+    using Type = HANDLE;
+    static Type Empty() noexcept { return INVALID_HANDLE_VALUE; }
+    static void Close(Type handle) noexcept { CloseHandle(handle); }
+};
+
+struct KeyTraits {
+    using Type = HKEY;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { RegCloseKey(handle); }
+};
+
+template <class GdiObject>
+struct GdiTraits {
+    using Type = GdiObject;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DeleteObject(handle); }
+};
+
+struct IconTraits {
+    using Type = HICON;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DestroyIcon(handle); }
+};
+
+struct ImageListTraits {
+    using Type = HIMAGELIST;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { ImageList_Destroy(handle); }
+};
+
+struct MenuTraits {
+    using Type = HMENU;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DestroyMenu(handle); }
+};
+
+using UniqueFile = UniqueHandle<FileTraits>;
+using UniqueKey = UniqueHandle<KeyTraits>;
+using UniqueBitmap = UniqueHandle<GdiTraits<HBITMAP>>;
+using UniqueIcon = UniqueHandle<IconTraits>;
+using UniqueImageList = UniqueHandle<ImageListTraits>;
+using UniqueMenu = UniqueHandle<MenuTraits>;
+
+}  // namespace nux

@@ -1,0 +1,309 @@
+#include "framework/OleControl.h"
+
+#include <cwchar>
+#include <string>
+
+#include "framework/Automation.h"
+#include "framework/HResult.h"
+
+namespace nux {
+namespace {
+
+/// Copies a text into memory that the caller frees with CoTaskMemFree.
+HRESULT CopyToTaskMemory(const std::wstring& text, LPOLESTR* copy) noexcept {
+    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    *copy = static_cast<LPOLESTR>(CoTaskMemAlloc(bytes));
+    if (!*copy)
+        return E_OUTOFMEMORY;
+    std::wmemcpy(*copy, text.c_str(), text.size() + 1);
+    return S_OK;
+}
+
+}  // namespace
+
+OleControl::OleControl(const WindowClass& windowClass, const Identity& identity)
+    : ConnectionPoints({IID_IPropertyNotifySink, identity.eventInterface}),
+      identity_(identity),
+      windowClass_(windowClass) {}
+
+void* OleControl::FindControlInterface(REFIID iid) noexcept {
+    if (iid == IID_IOleObject)
+        return static_cast<IOleObject*>(this);
+    if (iid == IID_IOleInPlaceObjectWindowless || iid == IID_IOleInPlaceObject || iid == IID_IOleWindow)
+        return static_cast<IOleInPlaceObjectWindowless*>(this);
+    if (iid == IID_IOleInPlaceActiveObject)
+        return static_cast<IOleInPlaceActiveObject*>(this);
+    if (iid == IID_IOleControl)
+        return static_cast<IOleControl*>(this);
+    if (iid == IID_IQuickActivate)
+        return static_cast<IQuickActivate*>(this);
+    if (iid == IID_IConnectionPointContainer)
+        return static_cast<IConnectionPointContainer*>(this);
+    if (void* found = FindPersistence(iid))
+        return found;
+    if (void* found = FindView(iid))
+        return found;
+    return FindInformation(iid);
+}
+
+STDMETHODIMP OleControl::SetClientSite(IOleClientSite* site) {
+    if (!site)
+        InPlaceDeactivate();
+    site_ = ComPtr<IOleClientSite>(site);
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::GetClientSite(IOleClientSite** site) {
+    if (!site)
+        return E_POINTER;
+    site_.CopyTo(site);
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::Close(DWORD saveOption) {
+    InPlaceDeactivate();
+    if (saveOption != OLECLOSE_NOSAVE && dirty_ && site_)
+        site_->SaveObject();
+    if (sinks_)
+        sinks_->SendOnClose();
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) {
+    switch (verb) {
+        case OLEIVERB_PRIMARY:
+        case OLEIVERB_SHOW:
+        case OLEIVERB_UIACTIVATE:
+            return ActivateInPlace(true);
+        case OLEIVERB_INPLACEACTIVATE:
+            return ActivateInPlace(false);
+        case OLEIVERB_HIDE:
+            UIDeactivate();
+            if (Handle())
+                ShowWindow(Handle(), SW_HIDE);
+            return S_OK;
+        case OLEIVERB_DISCARDUNDOSTATE:
+            return S_OK;
+        default:
+            return verb < 0 ? E_NOTIMPL : OLEOBJ_S_INVALIDVERB;
+    }
+}
+
+HRESULT OleControl::ActivateInPlace(bool withUserInterface) {
+    return Guarded([&]() -> HRESULT {
+        if (!site_)
+            return E_UNEXPECTED;
+        const bool wasActive = static_cast<bool>(inPlaceSite_);
+        ComPtr<IOleInPlaceSite> site = inPlaceSite_;
+        if (!wasActive) {
+            site = site_.As<IOleInPlaceSite>(IID_IOleInPlaceSite);
+            if (!site || site->CanInPlaceActivate() != S_OK)
+                return E_FAIL;
+            ThrowIfFailed(site->OnInPlaceActivate());
+            inPlaceSite_ = site;
+        }
+
+        HWND parent = nullptr;
+        RECT position{};
+        RECT clip{};
+        OLEINPLACEFRAMEINFO frame{};
+        frame.cb = sizeof frame;
+        ComPtr<IOleInPlaceFrame> frameWindow;
+        ComPtr<IOleInPlaceUIWindow> documentWindow;
+        HRESULT result = site->GetWindow(&parent);
+        if (SUCCEEDED(result))
+            result = site->GetWindowContext(frameWindow.Receive(), documentWindow.Receive(), &position, &clip,
+                                            &frame);
+        if (SUCCEEDED(result) && !Handle())
+            result = Guarded([&] {
+                Create(windowClass_, parent, position, windowStyle);
+                return S_OK;
+            });
+        if (FAILED(result)) {
+            if (!wasActive) {
+                inPlaceSite_.Reset();
+                site->OnInPlaceDeactivate();
+            }
+            return result;
+        }
+        ShowWindow(Handle(), SW_SHOW);
+        SetObjectRects(&position, &clip);
+
+        if (withUserInterface && !userInterfaceActive_ && SUCCEEDED(site->OnUIActivate())) {
+            userInterfaceActive_ = true;
+            SetFocus(Handle());
+            const Bstr name(Widen(identity_.userTypeName));
+            if (frameWindow) {
+                frameWindow->SetActiveObject(this, name.Get());
+                frameWindow->SetBorderSpace(nullptr);
+            }
+            if (documentWindow) {
+                documentWindow->SetActiveObject(this, name.Get());
+                documentWindow->SetBorderSpace(nullptr);
+            }
+        }
+        site_->ShowObject();
+        return S_OK;
+    });
+}
+
+STDMETHODIMP OleControl::InPlaceDeactivate() {
+    if (!inPlaceSite_)
+        return S_OK;
+    UIDeactivate();
+    Destroy();
+    const ComPtr<IOleInPlaceSite> site = std::move(inPlaceSite_);
+    site->OnInPlaceDeactivate();
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::UIDeactivate() {
+    if (!userInterfaceActive_)
+        return S_OK;
+    userInterfaceActive_ = false;
+    RECT position{};
+    RECT clip{};
+    OLEINPLACEFRAMEINFO frame{};
+    frame.cb = sizeof frame;
+    ComPtr<IOleInPlaceFrame> frameWindow;
+    ComPtr<IOleInPlaceUIWindow> documentWindow;
+    inPlaceSite_->GetWindowContext(frameWindow.Receive(), documentWindow.Receive(), &position, &clip, &frame);
+    if (documentWindow)
+        documentWindow->SetActiveObject(nullptr, nullptr);
+    if (frameWindow)
+        frameWindow->SetActiveObject(nullptr, nullptr);
+    inPlaceSite_->OnUIDeactivate(FALSE);
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::SetObjectRects(LPCRECT position, LPCRECT clip) {
+    if (!position || !clip)
+        return E_POINTER;
+    if (!Handle())
+        return S_OK;
+    RECT visible;
+    HRGN region = nullptr;
+    if (IntersectRect(&visible, position, clip) && !EqualRect(&visible, position)) {
+        OffsetRect(&visible, -position->left, -position->top);
+        region = CreateRectRgnIndirect(&visible);
+    }
+    SetWindowRgn(Handle(), region, TRUE);  // the window owns the region
+    SetWindowPos(Handle(), nullptr, position->left, position->top, position->right - position->left,
+                 position->bottom - position->top, SWP_NOZORDER | SWP_NOACTIVATE);
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::EnumVerbs(IEnumOLEVERB** enumeration) {
+    if (!enumeration)
+        return E_POINTER;
+    *enumeration = nullptr;
+    return OLEOBJ_E_NOVERBS;
+}
+
+STDMETHODIMP OleControl::GetUserClassID(CLSID* classId) {
+    return GetClassID(classId);
+}
+
+STDMETHODIMP OleControl::GetUserType(DWORD, LPOLESTR* name) {
+    if (!name)
+        return E_POINTER;
+    *name = nullptr;
+    return Guarded([&] { return CopyToTaskMemory(Widen(identity_.userTypeName), name); });
+}
+
+STDMETHODIMP OleControl::SetExtent(DWORD aspect, SIZEL* size) {
+    if (!size)
+        return E_POINTER;
+    if (aspect != DVASPECT_CONTENT)
+        return DV_E_DVASPECT;
+    if (size->cx < 0 || size->cy < 0)
+        return E_INVALIDARG;
+    if (size->cx != extent_.cx || size->cy != extent_.cy) {
+        extent_ = *size;
+        dirty_ = true;
+        NotifyViewChanged();
+    }
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::GetExtent(DWORD aspect, SIZEL* size) {
+    if (!size)
+        return E_POINTER;
+    if (aspect != DVASPECT_CONTENT)
+        return DV_E_DVASPECT;
+    *size = extent_;
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::Advise(IAdviseSink* sink, DWORD* connection) {
+    if (!sinks_) {
+        const HRESULT result = CreateOleAdviseHolder(sinks_.Receive());
+        if (FAILED(result))
+            return result;
+    }
+    return sinks_->Advise(sink, connection);
+}
+
+STDMETHODIMP OleControl::Unadvise(DWORD connection) {
+    return sinks_ ? sinks_->Unadvise(connection) : OLE_E_NOCONNECTION;
+}
+
+STDMETHODIMP OleControl::EnumAdvise(IEnumSTATDATA** enumeration) {
+    if (!enumeration)
+        return E_POINTER;
+    *enumeration = nullptr;
+    return sinks_ ? sinks_->EnumAdvise(enumeration) : S_OK;
+}
+
+STDMETHODIMP OleControl::GetMiscStatus(DWORD aspect, DWORD* status) {
+    if (!status)
+        return E_POINTER;
+    *status = aspect == DVASPECT_CONTENT ? identity_.miscStatus : 0;
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::GetWindow(HWND* window) {
+    if (!window)
+        return E_POINTER;
+    *window = Handle();
+    return *window ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP OleControl::TranslateAccelerator(LPMSG) {
+    return S_FALSE;
+}
+
+STDMETHODIMP OleControl::OnDocWindowActivate(BOOL activate) {
+    if (!activate)
+        UIDeactivate();
+    return S_OK;
+}
+
+STDMETHODIMP OleControl::QuickActivate(QACONTAINER* container, QACONTROL* control) {
+    if (!container || !control)
+        return E_POINTER;
+    *control = {};
+    control->cbSize = sizeof *control;
+    SetClientSite(container->pClientSite);
+    if (container->pAdviseSink)
+        SetAdvise(DVASPECT_CONTENT, 0, container->pAdviseSink);
+    const auto connect = [this](REFIID iid, IUnknown* sink, DWORD* cookie) {
+        ComPtr<IConnectionPoint> point;
+        if (sink && SUCCEEDED(FindConnectionPoint(iid, point.Receive())))
+            point->Advise(sink, cookie);
+    };
+    connect(IID_IPropertyNotifySink, container->pPropertyNotifySink, &control->dwPropNotifyCookie);
+    connect(identity_.eventInterface, container->pUnkEventSink, &control->dwEventCookie);
+    control->dwMiscStatus = identity_.miscStatus;
+    return GetViewStatus(&control->dwViewStatus);
+}
+
+STDMETHODIMP OleControl::SetContentExtent(LPSIZEL size) {
+    return SetExtent(DVASPECT_CONTENT, size);
+}
+
+STDMETHODIMP OleControl::GetContentExtent(LPSIZEL size) {
+    return GetExtent(DVASPECT_CONTENT, size);
+}
+
+}  // namespace nux
