@@ -15,12 +15,24 @@ compile_idl(environment/Inux3D.idl HEADER Inux3D.h)
 add_library(decisions OBJECT ${decision_sources})
 add_library(component OBJECT
     control/BrowserEventSink.cpp
+    control/DimensionServices.cpp
     control/DispatchProperty.cpp
     control/Guids.cpp
     control/InstallationServices.cpp
     control/ScriptServices.cpp
     control/nuxDataManager.cpp
     control/nuxStdParts.cpp
+    dimensions/CMenuExImpl.cpp
+    dimensions/ChooserList.cpp
+    dimensions/ChooserSettings.cpp
+    dimensions/DimensionDocument.cpp
+    dimensions/DimensionRows.cpp
+    dimensions/DimensionTable.cpp
+    dimensions/RowValues.cpp
+    dimensions/nuxChooseStdDims.cpp
+    dimensions/nuxDefineDimFilter.cpp
+    dimensions/nuxLVSort.cpp
+    dimensions/nuxQFWindow.cpp
     environment/DiagnosticLog.cpp
     environment/InstallationPaths.cpp
     environment/Localisation.cpp
@@ -37,6 +49,7 @@ add_library(component OBJECT
     framework/ControlView.cpp
     framework/Guids.cpp
     framework/HResult.cpp
+    framework/Icons.cpp
     framework/Module.cpp
     framework/OleControl.cpp
     framework/RegistryScript.cpp
@@ -54,14 +67,16 @@ target_link_libraries(nuxStdPartsAX PRIVATE component decisions platform)
 set_target_properties(nuxStdPartsAX PROPERTIES PREFIX "" LINK_DEPENDS ${PROJECT_SOURCE_DIR}/control/nuxStdPartsAX.def)
 add_dependencies(nuxStdPartsAX idl_nuxStdPartsAX)
 file(GLOB icons ${PROJECT_SOURCE_DIR}/resources/icons/*.ico ${PROJECT_SOURCE_DIR}/resources/icons/*.bmp)
+file(GLOB dialog_sources ${PROJECT_SOURCE_DIR}/resources/*.h ${PROJECT_SOURCE_DIR}/resources/*.rc
+    ${PROJECT_SOURCE_DIR}/resources/german/*.rc ${PROJECT_SOURCE_DIR}/dimensions/*Controls.h)
 set_source_files_properties(resources/nuxStdPartsAX.rc PROPERTIES
     INCLUDE_DIRECTORIES "${PROJECT_SOURCE_DIR}/resources;${PROJECT_BINARY_DIR}/include"
-    OBJECT_DEPENDS "${PROJECT_BINARY_DIR}/include/nuxStdPartsAX.tlb;${PROJECT_SOURCE_DIR}/control/nuxStdParts.rgs;${icons}")
+    OBJECT_DEPENDS "${PROJECT_BINARY_DIR}/include/nuxStdPartsAX.tlb;${PROJECT_SOURCE_DIR}/control/nuxStdParts.rgs;${icons};${dialog_sources}")
 
 # A language's resources; a module without code.
 add_library(resource_german SHARED resources/german/resource.rc)
 set_source_files_properties(resources/german/resource.rc PROPERTIES
-    INCLUDE_DIRECTORIES "${PROJECT_SOURCE_DIR}/resources" OBJECT_DEPENDS "${icons}")
+    INCLUDE_DIRECTORIES "${PROJECT_SOURCE_DIR}/resources" OBJECT_DEPENDS "${icons};${dialog_sources}")
 set_target_properties(resource_german PROPERTIES PREFIX "" OUTPUT_NAME resource LINKER_LANGUAGE CXX
     LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/locale/German
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/locale/German

@@ -95,12 +95,26 @@ public:
     /// The host's lifter wizard, made at the first call. S_FALSE and null if it can't be made.
     STDMETHODIMP get_LifterWizard(IDispatch** pVal) override;
 
+    // Choice of a size: DimensionServices.cpp
+
+    /// Lets the user pick one size of a component in a modal dialog over the active window.
+    /// @param CatalogID         catalogue whose messages translate the texts; with ComponentID what layout and filters
+    ///                          are remembered by; "Default" stands in for an empty one
+    /// @param NamesDisp         IXMLDOMNodeList with one node for each dimension: name and caption
+    /// @param DefaultValuesVar  IXMLDOMNode whose children have the values of the row that is selected first
+    /// @param StdDimensionVar   IXMLDOMNodeList of the standard rows
+    /// @param UsrDimensionVar   IXMLDOMNodeList of the user's rows. Of these three, what is no VT_DISPATCH stands for
+    ///                          none
+    /// @param ChosenDimensions  may be null; receives the chosen row as IXMLDOMNode or null after OK, and stays as it is
+    ///                          after Cancel
+    /// @return E_INVALIDARG, without a dialog, for names that are null or an object that lacks its interface
+    STDMETHODIMP ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDispatch* NamesDisp, VARIANT DefaultValuesVar,
+                                  VARIANT StdDimensionVar, VARIANT UsrDimensionVar,
+                                  IDispatch** ChosenDimensions) override;
+
     // Operations that this version does not offer yet.
 
     STDMETHODIMP SetEditedComponent(VARIANT, long) override { return E_NOTIMPL; }
-    STDMETHODIMP ChooseDimensions(BSTR, BSTR, IDispatch*, VARIANT, VARIANT, VARIANT, IDispatch**) override {
-        return E_NOTIMPL;
-    }
     STDMETHODIMP Navigate(BSTR) override { return E_NOTIMPL; }
     STDMETHODIMP get_CatalogID(BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP get_ComponentID(BSTR*) override { return E_NOTIMPL; }

@@ -110,7 +110,8 @@ std::string GetLocalizedMessage(const std::string& catalogId, const std::string&
     if (InterfaceLanguage().empty() || messageId.empty())
         return messageId;
     // These two share one message file.
-    const std::optional<MessageTable>& table = TableOf(catalogId == "Features" ? "AutoFeatures" : catalogId);
+    static const std::string autoFeatures = "AutoFeatures";
+    const std::optional<MessageTable>& table = TableOf(catalogId == "Features" ? autoFeatures : catalogId);
     const std::string* text = table ? table->Find(messageId) : nullptr;
     return text ? *text : messageId;
 }

@@ -11,6 +11,10 @@
 namespace nux {
 namespace {
 
+/// The platform's limit (INTERNET_MAX_URL_LENGTH). Nothing can be loaded from a longer URL, and not every DOM survives
+/// the attempt.
+constexpr UINT longestUrl = 2083;
+
 struct CachedDocument {
     std::string url;
     ComPtr<IXMLDOMDocument> document;
@@ -41,14 +45,16 @@ bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document) {
         cached->document.CopyTo(document);
         return true;
     }
+    Variant source;
+    source.bstrVal = Bstr(url, CP_THREAD_ACP).Detach();
+    source.vt = VT_BSTR;
+    if (SysStringLen(source.bstrVal) > longestUrl)
+        return false;
     ComPtr<IXMLDOMDocument> loaded;
     if (FAILED(CoCreateInstance(CLSID_DOMDocument30, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
                                 loaded.ReceiveVoid())))
         return false;
     loaded->put_async(VARIANT_FALSE);
-    Variant source;
-    source.bstrVal = Bstr(url, CP_THREAD_ACP).Detach();
-    source.vt = VT_BSTR;
     VARIANT_BOOL succeeded = VARIANT_FALSE;  // not looked at: the returned code decides
     if (loaded->load(source, &succeeded) != S_OK)
         return false;
@@ -88,7 +94,8 @@ std::string GetNodeText(IXMLDOMNode* node) {
         return {};
     std::string text = Narrow(value.bstrVal);
     text.resize(std::min<std::size_t>(text.size(), SysStringLen(value.bstrVal)));
-    return text.substr(0, text.find('\0'));
+    text.resize(std::min(text.size(), text.find('\0')));
+    return text;
 }
 
 std::string GetChildNodeText(IXMLDOMNode* node, const char* expression) {

@@ -22,14 +22,16 @@ Bstr::Bstr(std::wstring_view text)
 Bstr::Bstr(std::string_view narrow, UINT codePage) : Bstr(Widen(narrow, codePage)) {}
 
 std::string Narrow(const wchar_t* text, std::size_t length, UINT codePage) {
-    std::string result;
-    if (length == 0)
-        return result;
     // No ANSI code page needs more than two bytes for one UTF-16 unit; UTF-8 as ANSI code page needs three.
-    result.resize(length * 3);
-    const int written = WideCharToMultiByte(codePage, 0, text, CheckedLength(length), result.data(),
-                                            CheckedLength(result.size()), nullptr, nullptr);
-    result.resize(static_cast<std::size_t>(written));
+    const std::size_t enough = length * 3;
+    const auto narrowInto = [&](char* target) {
+        return static_cast<std::size_t>(WideCharToMultiByte(codePage, 0, text, CheckedLength(length), target,
+                                                            CheckedLength(enough), nullptr, nullptr));
+    };
+    if (char shortText[512]; enough <= sizeof shortText)  // most are: they take the memory that they need
+        return std::string(shortText, length == 0 ? 0 : narrowInto(shortText));
+    std::string result(enough, '\0');
+    result.resize(narrowInto(result.data()));
     return result;
 }
 

@@ -64,8 +64,9 @@ void Window::Create(const WindowClass& windowClass, HWND parent, const RECT& bou
     const HWND created = CreateWindowExA(extendedStyle, windowClass.Name(), "", style, bounds.left, bounds.top,
                                          bounds.right - bounds.left, bounds.bottom - bounds.top, parent, nullptr,
                                          ThisModule(), this);
-    if (!created)
-        throw HResultError(LastFailure());
+    const HRESULT result = created ? S_OK : LastFailure();
+    RethrowFailure();
+    ThrowIfFailed(result);
 }
 
 void Window::Destroy() noexcept {
@@ -82,7 +83,9 @@ LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
     auto* self = reinterpret_cast<Window*>(GetWindowLongPtrA(handle, GWLP_USERDATA));
     if (!self)
         return DefWindowProcA(handle, message, wParam, lParam);
-    const LRESULT answer = self->Contain(0, [&] { return self->OnMessage(message, wParam, lParam); });
+    // No window stays whose start has failed.
+    const LRESULT fallback = message == WM_CREATE ? -1 : 0;
+    const LRESULT answer = self->Contain(fallback, [&] { return self->OnMessage(message, wParam, lParam); });
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrA(handle, GWLP_USERDATA, 0);
         self->handle_ = nullptr;
@@ -130,7 +133,7 @@ void SubclassedWindow::Attach(HWND control) {
     if (!SetWindowSubclass(control, &SubclassedWindow::Procedure, reinterpret_cast<UINT_PTR>(this),
                            reinterpret_cast<DWORD_PTR>(this)))
         throw HResultError(E_FAIL);
-    handle_ = control;
+    handle_ = control_ = control;
 }
 
 void SubclassedWindow::Detach() noexcept {
@@ -140,7 +143,7 @@ void SubclassedWindow::Detach() noexcept {
 }
 
 LRESULT SubclassedWindow::Default(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return DefSubclassProc(handle_, message, wParam, lParam);
+    return DefSubclassProc(control_, message, wParam, lParam);
 }
 
 LRESULT CALLBACK SubclassedWindow::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,

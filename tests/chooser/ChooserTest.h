@@ -1,0 +1,100 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "control/nuxStdParts.h"
+#include "dimensions/ChooseStdDimsControls.h"
+#include "dimensions/DefineDimFilterControls.h"
+#include "framework/ComObject.h"
+#include "tests/chooser/Chooser.h"
+#include "tests/chooser/Dom.h"
+
+namespace nux {
+
+/// What a page hands over. XML is UTF-8; the rows are the elements below the roots, the names those below
+/// theirs.
+struct ChooserCall {
+    std::string catalog = "TEST";
+    std::string component = "PART";
+    std::string names;
+    std::optional<std::string> standard;
+    std::optional<std::string> users;
+    std::optional<std::string> defaults;
+};
+
+/// What a page gets back.
+struct ChooserResult {
+    HRESULT answer = E_UNEXPECTED;
+    bool written = false;  ///< whether the out pointer was written
+    ComPtr<IXMLDOMNode> row;
+
+    /// An attribute of the chosen row, "(none)" without one.
+    std::string Value(const std::string& name) const { return AttributeOf(row, name); }
+};
+
+/// One automation object with an installation that brings no translations, and no settings of the chooser in
+/// the registry at the start. Windows are opened with ChooseDimensions, as pages do.
+class ChooserTest : public testing::Test {
+protected:
+    ChooserTest();
+    ~ChooserTest() override;
+
+    /// A call with the names of the table and its rows as standard source.
+    static ChooserCall Call(const SizeTable& standard);
+    static ChooserCall Call(const SizeTable& standard, const SizeTable& users);
+
+    /// Opens the chooser and lets the user do `deeds`, which must end with the chooser closed.
+    ChooserResult Choose(const ChooserCall& call, const std::function<void(Chooser&)>& deeds);
+    /// The same, closed with Cancel after the deeds.
+    void Look(const ChooserCall& call, const std::function<void(Chooser&)>& deeds);
+    /// The rows that the chooser shows at its opening.
+    std::vector<std::string> RowsOf(const ChooserCall& call);
+
+    // The settings of the chooser of a component, and of its columns. `column` is a caption, empty for the
+    // values of the window itself.
+
+    /// Key below HKEY_LOCAL_MACHINE.
+    static std::string Key(const std::string& column = "", const std::string& catalog = "TEST",
+                           const std::string& component = "PART");
+    static void StoreNumber(const std::string& column, const char* value, DWORD number);
+    static void StoreText(const std::string& column, const char* value, const std::string& text);
+    static void StoreBytes(const std::string& column, const char* value, DWORD type,
+                           const std::string& bytes);
+    static std::optional<DWORD> StoredNumber(const std::string& column, const char* value);
+    static std::optional<std::string> StoredText(const std::string& column, const char* value);
+    /// Stores a filter by number, in its stored form.
+    static void StoreFilter(const std::string& column, DWORD type, const char* lower, const char* upper = "0",
+                            DWORD database = 3);
+    static bool KeyExists(const std::string& key);
+
+    /// Folder of the installation, with its closing separator.
+    const std::string& Folder() const { return folder_; }
+    /// Gives the user's language a message file and makes it the interface language. `pairs` are of an
+    /// English text and its translation, in UTF-8.
+    void Translate(const std::string& catalog, const std::vector<std::pair<std::string, std::string>>& pairs);
+
+    nuxStdParts& Object() { return *object_.Get(); }
+
+private:
+    void SetPaths();
+
+    std::string folder_;
+    ComPtr<ComObject<nuxStdParts>> object_;
+};
+
+/// The user's decimal separator is a point: whole numbers are shown with a zero behind it.
+bool DecimalPoint();
+/// A whole number as the chooser's lists show it: "12.0", or "12." where the user's separator is another.
+std::string Whole(const char* digits);
+/// The code page has double-byte characters.
+bool DoubleByteCodePage();
+
+}  // namespace nux

@@ -1,0 +1,183 @@
+// The menu of a column.
+
+#include "tests/chooser/ChooserTest.h"
+#include "tests/driver/Controls.h"
+#include "tests/driver/Input.h"
+#include "tests/driver/Picture.h"
+#include "tests/driver/PointerInput.h"
+
+namespace nux {
+namespace {
+
+using Texts = std::vector<std::string>;
+using driver::PopupMenu;
+
+class ColumnMenuWindow : public ChooserTest {
+protected:
+    static bool IsEnabled(const PopupMenu& menu, MenuItem item) {
+        return menu.IsEnabled(static_cast<int>(item));
+    }
+};
+
+TEST_F(ColumnMenuWindow, HasFourActionsWithTheirCommandsAndCancel) {
+    Look(Call({{"A"}, {{"1"}}}), [](Chooser& chooser) {
+        const PopupMenu menu = chooser.OpenMenu(1);
+        ASSERT_EQ(menu.Count(), 7);
+        const char* const texts[] = {
+            "Define filter...",         "Turn off filter", nullptr, "Sort in ascending order",
+            "Sort in descending order", nullptr,           "Cancel"};
+        const UINT commands[] = {1, 2, 0, 3, 4, 0, 0};
+        for (int i = 0; i < 7; ++i) {
+            EXPECT_EQ(menu.IsSeparator(i), texts[i] == nullptr) << i;
+            if (!texts[i])
+                continue;
+            EXPECT_EQ(menu.Text(i), texts[i]);
+            EXPECT_EQ(menu.Command(i), commands[i]);
+        }
+        menu.Escape();
+    });
+}
+
+TEST_F(ColumnMenuWindow, GraysWhatDoesNotApply) {
+    StoreFilter("B", 4, "0");
+    Look(Call({{"A", "B", "C"}, {{"1", "1", "x"}}}), [](Chooser& chooser) {
+        struct {
+            int column;
+            bool define, turnOff;
+        } const expected[] = {{1, true, false}, {2, true, true}, {3, false, false}};
+        for (const auto& [column, define, turnOff] : expected) {
+            const PopupMenu menu = chooser.OpenMenu(column);
+            EXPECT_EQ(IsEnabled(menu, MenuItem::DefineFilter), define) << column;
+            EXPECT_EQ(IsEnabled(menu, MenuItem::TurnOffFilter), turnOff) << column;
+            EXPECT_TRUE(IsEnabled(menu, MenuItem::SortAscending));
+            EXPECT_TRUE(IsEnabled(menu, MenuItem::SortDescending));
+            EXPECT_TRUE(IsEnabled(menu, MenuItem::Cancel));
+            menu.Escape();
+        }
+    });
+}
+
+TEST_F(ColumnMenuWindow, TurnsOffTheFilterOfATextColumn) {
+    StoreNumber("A", "FilterType", 5);
+    StoreText("A", "FilterString", "x");
+    Look(Call({{"A"}, {{"x"}, {"y"}}}), [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"x"}));
+        chooser.Menu(1, MenuItem::TurnOffFilter);
+        EXPECT_EQ(chooser.Rows(), (Texts{"x", "y"}));
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+}
+
+TEST_F(ColumnMenuWindow, OpensAtThePointer) {
+    Look(Call({{"A"}, {{"1"}}}), [](Chooser& chooser) {
+        const POINT pointer = driver::OnScreen(chooser.Window(), {100, 60});
+        driver::MovePointer(pointer);
+        const PopupMenu menu = chooser.OpenMenu(1);
+        RECT bounds{};
+        GetWindowRect(menu.Window(), &bounds);
+        EXPECT_EQ(bounds.left, pointer.x);
+        EXPECT_EQ(bounds.top, pointer.y);
+        menu.Escape();
+    });
+}
+
+TEST_F(ColumnMenuWindow, CancelAndEscapeChangeNothing) {
+    Look(Call({{"A"}, {{"2"}, {"1"}}}), [](Chooser& chooser) {
+        chooser.Menu(1, MenuItem::Cancel);
+        EXPECT_EQ(chooser.Rows(), (Texts{"2", "1"}));
+        chooser.OpenMenu(1).Escape();
+        chooser.User().Settle();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2", "1"})) << "a click on a header alone does not sort";
+        EXPECT_FALSE(chooser.CanTurnOffAll());
+    });
+}
+
+TEST_F(ColumnMenuWindow, DoesNotOpenOnTheMarkerColumn) {
+    Look(Call({{"A"}, {{"1"}}}), [](Chooser& chooser) {
+        chooser.List().ClickHeader(0);
+        chooser.User().Settle();
+        EXPECT_FALSE(chooser.User().Shows("#32768"));
+    });
+}
+
+TEST_F(ColumnMenuWindow, ActsOnTheColumnThatWasClickedWhereverItStands) {
+    StoreNumber("A", "Order", 2);
+    StoreNumber("B", "Order", 1);
+    Look(Call({{"A", "B"}, {{"1", "9"}, {"2", "8"}}}), [](Chooser& chooser) {
+        ASSERT_EQ(chooser.List().Order(), (std::vector<int>{0, 2, 1}));
+        chooser.Menu(2, MenuItem::SortAscending);
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|8", "1|9"}));
+    });
+}
+
+TEST_F(ColumnMenuWindow, ShowsAnImageBesideEachAction) {
+    StoreFilter("A", 4, "0");  // so that no item is gray
+    Look(Call({{"A"}, {{"1"}}}), [](Chooser& chooser) {
+        const PopupMenu menu = chooser.OpenMenu(1);
+        for (int i = 0; i < menu.Count(); ++i) {
+            if (menu.IsSeparator(i))
+                continue;
+            const RECT bounds = menu.Bounds(i);
+            const driver::Picture picture = driver::TakePicture(bounds);
+            const RECT image{0, 0, 20, picture.height};
+            const int background = picture.Count(image, picture.At(picture.width - 2, 1));
+            const bool hasImage = background < image.right * image.bottom - 20;
+            EXPECT_EQ(hasImage, i != static_cast<int>(MenuItem::Cancel)) << menu.Text(i);
+            EXPECT_GE(bounds.bottom - bounds.top, 16);
+        }
+        menu.Escape();
+    });
+}
+
+TEST_F(ColumnMenuWindow, DefineFilterOpensTheDialogOnTopAndCancelThereKeepsTheFilter) {
+    StoreFilter("A", 1, "1");
+    Look(Call({{"A"}, {{"1"}, {"2"}}}), [](Chooser& chooser) {
+        const FilterDialog dialog = chooser.DefineFilter(1);
+        EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), chooser.Window());
+        EXPECT_FALSE(IsWindowEnabled(chooser.Window()));
+        dialog.Check(IDC_FILTER_NONE);
+        dialog.Cancel();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1"}));
+        EXPECT_TRUE(chooser.CanTurnOffAll());
+        EXPECT_TRUE(IsWindowEnabled(chooser.Window()));
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 1u);
+}
+
+TEST_F(ColumnMenuWindow, AFilterThatWasDefinedShowsItsMarkAndNoneTakesItAway) {
+    Look(Call({{"A", "B"}, {{"1", "1"}, {"2", "1"}}}), [](Chooser& chooser) {
+        const FilterDialog define = chooser.DefineFilter(1);
+        define.Check(IDC_FILTER_EQUAL);
+        define.SetLower("2");
+        define.Ok();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|1"}));
+        EXPECT_EQ(chooser.List().HeaderImage(1), 0);
+        EXPECT_TRUE(chooser.CanTurnOffAll());
+        const FilterDialog clear = chooser.DefineFilter(1);
+        clear.Check(IDC_FILTER_NONE);
+        clear.Ok();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|1", "2|1"}));
+        EXPECT_EQ(chooser.List().HeaderImage(1), -1);
+        EXPECT_FALSE(chooser.CanTurnOffAll());
+    });
+}
+
+TEST_F(ColumnMenuWindow, TextsComeFromTheCommonMessages) {
+    Translate("COMMON", {{"Define filter...", "Filter bestimmen..."},
+                         {"Turn off filter", "Filter aus"},
+                         {"Sort in ascending order", "Aufsteigend"},
+                         {"Sort in descending order", "Absteigend"},
+                         {"Cancel", "Abbrechen"}});
+    Look(Call({{"A"}, {{"1"}}}), [](Chooser& chooser) {
+        const PopupMenu menu = chooser.OpenMenu(1);
+        EXPECT_EQ(menu.Text(0), "Filter bestimmen...");
+        EXPECT_EQ(menu.Text(1), "Filter aus");
+        EXPECT_EQ(menu.Text(3), "Aufsteigend");
+        EXPECT_EQ(menu.Text(4), "Absteigend");
+        EXPECT_EQ(menu.Text(6), "Abbrechen");
+        menu.Escape();
+    });
+}
+
+}  // namespace
+}  // namespace nux

@@ -1,0 +1,240 @@
+// The columns of the chooser's list: their widths and order, how they are kept, and the rules of column 0.
+
+#include "tests/chooser/ChooserTest.h"
+#include "tests/driver/Input.h"
+#include "tests/driver/PointerInput.h"
+#include "tests/driver/Waiting.h"
+
+namespace nux {
+namespace {
+
+using Order = std::vector<int>;
+
+class Columns : public ChooserTest {
+protected:
+    const ChooserCall call = Call({{"A", "B", "C"}, {{"1", "2", "3"}}});
+
+    /// The answer of the list to a notification of its header; true refuses.
+    static bool Refused(const Chooser& chooser, UINT code, int column, HDITEMA* item = nullptr) {
+        NMHEADERA notice{};
+        notice.hdr.hwndFrom = chooser.List().Header();
+        notice.hdr.idFrom = GetDlgCtrlID(chooser.List().Header());
+        notice.hdr.code = code;
+        notice.iItem = column;
+        notice.pitem = item;
+        return SendMessageA(chooser.List().Handle(), WM_NOTIFY, notice.hdr.idFrom,
+                            reinterpret_cast<LPARAM>(&notice)) != 0;
+    }
+    static bool DropRefused(const Chooser& chooser, int column, int newOrder) {
+        HDITEMA item{};
+        item.mask = HDI_ORDER;
+        item.iOrder = newOrder;
+        return Refused(chooser, HDN_ENDDRAG, column, &item);
+    }
+
+    /// Drags with the real pointer, in the header.
+    static void Drag(const Chooser& chooser, POINT from, POINT to) {
+        driver::MovePointer(driver::OnScreen(chooser.List().Header(), from));
+        driver::PressPointer(driver::PointerButton::Left);
+        driver::DragPointer(driver::OnScreen(chooser.List().Header(), to));
+        driver::ReleasePointer(driver::PointerButton::Left);
+    }
+};
+
+TEST_F(Columns, KeepTheirWidths) {
+    Look(call, [](Chooser& chooser) {
+        SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNWIDTH, 2, 91);
+        SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNWIDTH, 3, 0);
+    });
+    EXPECT_EQ(StoredNumber("A", "Width"), 50u);
+    EXPECT_EQ(StoredNumber("B", "Width"), 91u);
+    EXPECT_EQ(StoredNumber("C", "Width"), 0u);
+    EXPECT_EQ(StoredNumber("A", "Order"), 1u);
+    EXPECT_EQ(StoredNumber("C", "Order"), 3u);
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Width(0), 20);
+        EXPECT_EQ(chooser.List().Width(1), 50);
+        EXPECT_EQ(chooser.List().Width(2), 91);
+        EXPECT_EQ(chooser.List().Width(3), 0);
+    });
+}
+
+TEST_F(Columns, KeepTheirOrder) {
+    Look(call, [](Chooser& chooser) {
+        int order[] = {0, 3, 1, 2};
+        SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNORDERARRAY, 4, reinterpret_cast<LPARAM>(order));
+    });
+    EXPECT_EQ(StoredNumber("C", "Order"), 1u);
+    EXPECT_EQ(StoredNumber("A", "Order"), 2u);
+    EXPECT_EQ(StoredNumber("B", "Order"), 3u);
+    Look(call, [](Chooser& chooser) { EXPECT_EQ(chooser.List().Order(), (Order{0, 3, 1, 2})); });
+}
+
+TEST_F(Columns, TheMarkerColumnIsNotStored) {
+    Look(call, [](Chooser&) {});
+    DWORD subkeys = 0;
+    HKEY key = nullptr;
+    ASSERT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, (Key() + "\\Columns").c_str(), 0, KEY_READ, &key),
+              ERROR_SUCCESS);
+    DWORD values = 1;
+    RegQueryInfoKeyA(key, nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, &values, nullptr, nullptr,
+                     nullptr, nullptr);
+    RegCloseKey(key);
+    EXPECT_EQ(subkeys, 3u);
+    EXPECT_EQ(values, 0u);
+}
+
+TEST_F(Columns, OneBadOrderLosesTheOrderButNotTheWidths) {
+    struct {
+        const char* reason;
+        DWORD a, b, c;
+    } const bad[] = {{"taken twice", 3, 1, 3},
+                     {"negative", 3, static_cast<DWORD>(-1), 1},
+                     {"beyond the columns", 3, 4, 1},
+                     {"far beyond", 3, 0x7FFFFFFF, 1},
+                     {"that of the marker", 3, 0, 1}};
+    for (const auto& [reason, a, b, c] : bad) {
+        StoreNumber("A", "Order", a);
+        StoreNumber("B", "Order", b);
+        StoreNumber("C", "Order", c);
+        StoreNumber("A", "Width", 61);
+        StoreNumber("B", "Width", 62);
+        StoreNumber("C", "Width", 63);
+        Look(call, [reason](Chooser& chooser) {
+            EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3})) << reason;
+            EXPECT_EQ(chooser.List().Width(1), 61) << reason;
+            EXPECT_EQ(chooser.List().Width(2), 62) << reason;
+            EXPECT_EQ(chooser.List().Width(3), 63) << reason;
+        });
+    }
+}
+
+TEST_F(Columns, ValuesOfAWrongTypeCountAsMissing) {
+    for (const char* column : {"A", "B", "C"})
+        StoreText(column, "Width", "99");
+    StoreNumber("A", "Order", 2);
+    StoreNumber("B", "Order", 1);
+    StoreText("C", "Order", "3");
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Width(1), 50);
+        EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3}));
+    });
+}
+
+TEST_F(Columns, OutOfRangeWidthsDoNoHarm) {
+    for (const DWORD width : {0xFFFFFFFFu, 0x7FFFFFFFu, 0x80000000u, 100000u}) {
+        StoreNumber("B", "Width", width);
+        Look(call, [&](Chooser& chooser) { EXPECT_EQ(chooser.Rows().size(), 1u) << width; });
+    }
+}
+
+TEST_F(Columns, ThatShareACaptionShareWidthAndLoseTheirOrder) {
+    ChooserCall same = call;
+    same.names = "<n><A>Same</A><B>Same</B><C/></n>";
+    Look(same, [](Chooser& chooser) {
+        SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNWIDTH, 1, 70);
+        SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNWIDTH, 2, 80);
+    });
+    Look(same, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Width(1), 80);
+        EXPECT_EQ(chooser.List().Width(2), 80);
+        EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3}));
+    });
+}
+
+TEST_F(Columns, ThatHaveAnEmptyCaptionCountAsTheMarker) {
+    // A dimension whose caption is empty text: the second column then claims the marker's place.
+    ChooserCall empty = call;
+    empty.names = "<n><A/><B> </B><C/></n>";
+    Look(empty, [](Chooser& chooser) { EXPECT_EQ(chooser.List().ColumnCount(), 4); });
+}
+
+TEST_F(Columns, TheMarkerColumnCanNotBeSized) {
+    Look(call, [](Chooser& chooser) {
+        for (const UINT code :
+             {HDN_BEGINTRACKA, HDN_BEGINTRACKW, HDN_DIVIDERDBLCLICKA, HDN_DIVIDERDBLCLICKW}) {
+            EXPECT_TRUE(Refused(chooser, code, 0)) << code;
+            EXPECT_FALSE(Refused(chooser, code, 1)) << code;
+            EXPECT_FALSE(Refused(chooser, code, 3)) << code;
+        }
+    });
+}
+
+TEST_F(Columns, NothingIsDroppedBeforeTheMarkerColumnAndItStays) {
+    Look(call, [](Chooser& chooser) {
+        EXPECT_TRUE(DropRefused(chooser, 0, 2));
+        EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3}));
+        EXPECT_TRUE(DropRefused(chooser, 2, 0));
+        EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3}));
+        EXPECT_FALSE(DropRefused(chooser, 3, 1));
+        EXPECT_EQ(chooser.List().Order(), (Order{0, 3, 1, 2}));
+        EXPECT_FALSE(DropRefused(chooser, 3, 3));
+        EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3}));
+    });
+}
+
+TEST_F(Columns, ADropWithoutAnOrderIsAllowed) {
+    Look(call, [](Chooser& chooser) {
+        HDITEMA item{};
+        EXPECT_FALSE(Refused(chooser, HDN_ENDDRAG, 2, &item));
+        EXPECT_FALSE(Refused(chooser, HDN_ENDDRAG, 2, nullptr));
+        EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3}));
+    });
+}
+
+TEST_F(Columns, AreDraggedWithTheRealPointer) {
+    Look(call, [](Chooser& chooser) {
+        const driver::ListView& list = chooser.List();
+        POINT behindB = list.Divider(2);
+        behindB.x -= 10;
+        Drag(chooser, list.HeaderMiddle(1), behindB);
+        driver::WaitFor("a column that moves", [&] { return list.Order() != Order{0, 1, 2, 3}; });
+        EXPECT_EQ(list.Order(), (Order{0, 2, 1, 3}));
+        chooser.User().Settle();
+        EXPECT_EQ(list.Order(), (Order{0, 2, 1, 3}));
+    });
+    EXPECT_EQ(StoredNumber("B", "Order"), 1u);
+    EXPECT_EQ(StoredNumber("A", "Order"), 2u);
+}
+
+TEST_F(Columns, AreNotDraggedBeforeTheMarkerColumnWithTheRealPointer) {
+    Look(call, [](Chooser& chooser) {
+        const driver::ListView& list = chooser.List();
+        Drag(chooser, list.HeaderMiddle(2), {2, list.HeaderMiddle(0).y});
+        // A second drag that does something shows that the first is over.
+        POINT behindC = list.Divider(3);
+        behindC.x -= 10;
+        Drag(chooser, list.HeaderMiddle(2), behindC);
+        driver::WaitFor("a column that moves", [&] { return list.Order() != Order{0, 1, 2, 3}; });
+        EXPECT_EQ(list.Order(), (Order{0, 1, 3, 2}));
+    });
+}
+
+TEST_F(Columns, TheMarkerColumnIsNotDraggedWithTheRealPointer) {
+    Look(call, [](Chooser& chooser) {
+        const driver::ListView& list = chooser.List();
+        Drag(chooser, list.HeaderMiddle(0), list.HeaderMiddle(3));
+        POINT behindC = list.Divider(3);
+        behindC.x -= 10;
+        Drag(chooser, list.HeaderMiddle(2), behindC);
+        driver::WaitFor("a column that moves", [&] { return list.Order() != Order{0, 1, 2, 3}; });
+        EXPECT_EQ(list.Order(), (Order{0, 1, 3, 2}));
+    });
+}
+
+TEST_F(Columns, AreSizedWithTheRealPointerButNotTheMarkerColumn) {
+    Look(call, [](Chooser& chooser) {
+        const driver::ListView& list = chooser.List();
+        const POINT marker = list.Divider(0);
+        Drag(chooser, {marker.x - 1, marker.y}, {marker.x + 30, marker.y});
+        const POINT divider = list.Divider(2);
+        Drag(chooser, divider, {divider.x + 25, divider.y});
+        driver::WaitFor("a column that grows", [&] { return list.Width(2) != 50; });
+        EXPECT_EQ(list.Width(2), 75);
+        EXPECT_EQ(list.Width(0), 20);
+        EXPECT_EQ(list.Width(1), 50);
+    });
+}
+
+}  // namespace
+}  // namespace nux

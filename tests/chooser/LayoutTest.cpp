@@ -1,0 +1,241 @@
+// The chooser's window: its controls, its size and place, and how they are kept.
+
+#include "tests/chooser/ChooserTest.h"
+#include "tests/driver/Controls.h"
+
+namespace nux {
+namespace {
+
+RECT BoundsOf(HWND window) {
+    RECT bounds{};
+    GetWindowRect(window, &bounds);
+    return bounds;
+}
+
+POINT PositionIn(HWND dialog, HWND control) {
+    RECT bounds = BoundsOf(control);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&bounds), 2);
+    return {bounds.left, bounds.top};
+}
+
+SIZE SizeOf(HWND window) {
+    const RECT bounds = BoundsOf(window);
+    return {bounds.right - bounds.left, bounds.bottom - bounds.top};
+}
+
+/// Window and controls at one moment.
+struct Arrangement {
+    SIZE window, list;
+    POINT listPosition, filtersOff, ok, cancel;
+
+    explicit Arrangement(const Chooser& chooser)
+        : window(SizeOf(chooser.Window())),
+          list(SizeOf(chooser.List().Handle())),
+          listPosition(PositionIn(chooser.Window(), chooser.List().Handle())),
+          filtersOff(PositionIn(chooser.Window(), chooser.FiltersOffButton())),
+          ok(PositionIn(chooser.Window(), chooser.OkButton())),
+          cancel(PositionIn(chooser.Window(), chooser.CancelButton())) {}
+};
+
+class Layout : public ChooserTest {
+protected:
+    const ChooserCall call = Call({{"A"}, {{"1"}}});
+
+    /// The minimum size: one pixel above the size of the first opening.
+    SIZE Minimum() {
+        SIZE minimum{};
+        ChooserCall other = call;
+        other.component = "MINIMUM";
+        Look(other, [&](Chooser& chooser) { minimum = MinimumOf(chooser); });
+        return minimum;
+    }
+    static SIZE MinimumOf(const Chooser& chooser) {
+        MINMAXINFO limits{};
+        SendMessageA(chooser.Window(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+        return {limits.ptMinTrackSize.x, limits.ptMinTrackSize.y};
+    }
+};
+
+void ExpectMoved(POINT from, POINT to, LONG dx, LONG dy) {
+    EXPECT_EQ(to.x - from.x, dx);
+    EXPECT_EQ(to.y - from.y, dy);
+}
+
+TEST_F(Layout, HasItsControlsWhereTheTemplatePutsThem) {
+    Look(call, [](Chooser& chooser) {
+        struct {
+            HWND control;
+            RECT dialogUnits;
+        } const expected[] = {{chooser.List().Handle(), {7, 7, 7 + 197, 7 + 135}},
+                              {chooser.FiltersOffButton(), {7, 151, 7 + 87, 151 + 14}},
+                              {chooser.OkButton(), {110, 151, 110 + 43, 151 + 14}},
+                              {chooser.CancelButton(), {161, 151, 161 + 43, 151 + 14}}};
+        for (const auto& [control, dialogUnits] : expected) {
+            RECT bounds = dialogUnits;
+            MapDialogRect(chooser.Window(), &bounds);
+            const POINT position = PositionIn(chooser.Window(), control);
+            // The first opening raises the window to its minimum size, which is one pixel above the
+            // template's.
+            EXPECT_NEAR(position.x, bounds.left, 1);
+            EXPECT_NEAR(position.y, bounds.top, 1);
+            EXPECT_NEAR(SizeOf(control).cx, bounds.right - bounds.left, 1);
+            EXPECT_NEAR(SizeOf(control).cy, bounds.bottom - bounds.top, 1);
+        }
+        const LONG style = GetWindowLongA(chooser.Window(), GWL_STYLE);
+        EXPECT_EQ(style & (WS_THICKFRAME | WS_SYSMENU | WS_CAPTION), WS_THICKFRAME | WS_SYSMENU | WS_CAPTION);
+        const LONG list = GetWindowLongA(chooser.List().Handle(), GWL_STYLE);
+        const LONG wanted = LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS;
+        EXPECT_EQ(list & wanted, wanted);
+        EXPECT_TRUE(list & WS_TABSTOP);
+        EXPECT_EQ(driver::ControlText(chooser.FiltersOffButton()), "Turn off all filters");
+        EXPECT_EQ(driver::ControlText(chooser.OkButton()), "OK");
+        EXPECT_EQ(driver::ControlText(chooser.CancelButton()), "Cancel");
+        EXPECT_NE(SendMessageA(chooser.Window(), WM_GETICON, ICON_SMALL, 0), 0);
+    });
+}
+
+TEST_F(Layout, GivesTheListItsStyles) {
+    Look(call, [](Chooser& chooser) {
+        const auto extended = SendMessageA(chooser.List().Handle(), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0);
+        EXPECT_EQ(extended, LVS_EX_SUBITEMIMAGES | LVS_EX_HEADERDRAGDROP | LVS_EX_FULLROWSELECT |
+                                LVS_EX_ONECLICKACTIVATE | LVS_EX_UNDERLINEHOT | LVS_EX_LABELTIP);
+        EXPECT_TRUE(GetWindowLongA(chooser.List().Header(), GWL_STYLE) & HDS_HOTTRACK);
+    });
+}
+
+TEST_F(Layout, GrowsTheListAndKeepsTheButtonsAtTheLowerRightCorner) {
+    Look(call, [](Chooser& chooser) {
+        const Arrangement before(chooser);
+        chooser.Resize(before.window.cx + 120, before.window.cy + 75);
+        const Arrangement after(chooser);
+        EXPECT_EQ(after.list.cx - before.list.cx, 120);
+        EXPECT_EQ(after.list.cy - before.list.cy, 75);
+        ExpectMoved(before.listPosition, after.listPosition, 0, 0);
+        ExpectMoved(before.filtersOff, after.filtersOff, 120, 75);
+        ExpectMoved(before.ok, after.ok, 120, 75);
+        ExpectMoved(before.cancel, after.cancel, 120, 75);
+    });
+}
+
+TEST_F(Layout, CannotBeMadeSmallerThanAtFirst) {
+    Look(call, [](Chooser& chooser) {
+        const Arrangement before(chooser);
+        chooser.Resize(50, 40);
+        const Arrangement after(chooser);
+        const SIZE minimum = MinimumOf(chooser);
+        EXPECT_EQ(after.window.cx, minimum.cx);
+        EXPECT_EQ(after.window.cy, minimum.cy);
+        EXPECT_EQ(after.window.cx, before.window.cx);
+        EXPECT_EQ(after.window.cy, before.window.cy);
+        EXPECT_EQ(after.list.cx, before.list.cx);
+        ExpectMoved(before.ok, after.ok, 0, 0);
+    });
+}
+
+TEST_F(Layout, AMoveAloneLeavesSizeAndControls) {
+    Look(call, [](Chooser& chooser) {
+        const Arrangement before(chooser);
+        SetWindowPos(chooser.Window(), nullptr, 20, 30, 10, 10, SWP_NOSIZE | SWP_NOZORDER);
+        const Arrangement after(chooser);
+        EXPECT_EQ(BoundsOf(chooser.Window()).left, 20);
+        EXPECT_EQ(after.window.cx, before.window.cx);
+        ExpectMoved(before.ok, after.ok, 0, 0);
+    });
+}
+
+TEST_F(Layout, ComesBackAtItsPlaceAndSize) {
+    RECT left{}, found{};
+    Look(call, [&](Chooser& chooser) {
+        const SIZE minimum = MinimumOf(chooser);
+        SetWindowPos(chooser.Window(), nullptr, 33, 44, minimum.cx + 50, minimum.cy + 60, SWP_NOZORDER);
+        left = BoundsOf(chooser.Window());
+    });
+    EXPECT_EQ(StoredNumber("", "x"), 33u);
+    EXPECT_EQ(StoredNumber("", "y"), 44u);
+    EXPECT_EQ(StoredNumber("", "dx"), 50u);
+    EXPECT_EQ(StoredNumber("", "dy"), 60u);
+    Look(call, [&](Chooser& chooser) { found = BoundsOf(chooser.Window()); });
+    EXPECT_TRUE(EqualRect(&left, &found));
+}
+
+TEST_F(Layout, IsKeptAfterCancelAndAfterOk) {
+    Choose(call, [](Chooser& chooser) {
+        SetWindowPos(chooser.Window(), nullptr, 11, 12, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        chooser.Ok();
+    });
+    EXPECT_EQ(StoredNumber("", "x"), 11u);
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(BoundsOf(chooser.Window()).top, 12);
+        SetWindowPos(chooser.Window(), nullptr, 21, 22, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    });
+    EXPECT_EQ(StoredNumber("", "x"), 21u);
+}
+
+TEST_F(Layout, GoesToASavedPlaceOffEveryScreen) {
+    StoreNumber("", "x", static_cast<DWORD>(-3000));
+    StoreNumber("", "y", 5000);
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(BoundsOf(chooser.Window()).left, -3000);
+        EXPECT_EQ(BoundsOf(chooser.Window()).top, 5000);
+        EXPECT_EQ(chooser.List().RowCount(), 1);
+    });
+    EXPECT_EQ(StoredNumber("", "x"), static_cast<DWORD>(-3000));
+}
+
+TEST_F(Layout, APartOfThePlaceThatIsMissingStaysAtTheInitialOne) {
+    RECT first{};
+    Look(call, [&](Chooser& chooser) { first = BoundsOf(chooser.Window()); });
+    RegDeleteTreeA(HKEY_LOCAL_MACHINE, Key().c_str());
+    StoreNumber("", "y", 77);
+    Look(call, [&](Chooser& chooser) {
+        EXPECT_EQ(BoundsOf(chooser.Window()).left, first.left);
+        EXPECT_EQ(BoundsOf(chooser.Window()).top, 77);
+    });
+}
+
+TEST_F(Layout, ValuesOfAWrongTypeCountAsMissing) {
+    const SIZE minimum = Minimum();
+    StoreText("", "x", "12");
+    StoreBytes("", "dx", REG_BINARY, std::string(4, '\x10'));
+    StoreBytes("", "dy", REG_DWORD, std::string(2, '\x10'));
+    Look(call, [&](Chooser& chooser) {
+        EXPECT_NE(BoundsOf(chooser.Window()).left, 12);
+        EXPECT_EQ(SizeOf(chooser.Window()).cx, minimum.cx);
+        EXPECT_EQ(SizeOf(chooser.Window()).cy, minimum.cy);
+    });
+}
+
+TEST_F(Layout, ASavedSizeBelowTheMinimumIsRaisedToIt) {
+    const SIZE minimum = Minimum();
+    StoreNumber("", "dx", static_cast<DWORD>(-40));
+    StoreNumber("", "dy", static_cast<DWORD>(-1000000));
+    Look(call, [&](Chooser& chooser) {
+        EXPECT_EQ(SizeOf(chooser.Window()).cx, minimum.cx);
+        EXPECT_EQ(SizeOf(chooser.Window()).cy, minimum.cy);
+    });
+}
+
+TEST_F(Layout, OutOfRangeSizesDoNoHarm) {
+    for (const DWORD extreme : {0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu, 100000u}) {
+        StoreNumber("", "dx", extreme);
+        StoreNumber("", "dy", extreme);
+        Look(call, [&](Chooser& chooser) { EXPECT_EQ(chooser.List().RowCount(), 1) << extreme; });
+    }
+}
+
+TEST_F(Layout, PutsControlsWhereASavedSizePutsThem) {
+    std::optional<Arrangement> first;
+    Look(call, [&](Chooser& chooser) { first.emplace(chooser); });
+    StoreNumber("", "dx", 100);
+    StoreNumber("", "dy", 50);
+    Look(call, [&](Chooser& chooser) {
+        const Arrangement grown(chooser);
+        EXPECT_EQ(grown.list.cx - first->list.cx, 100);
+        EXPECT_EQ(grown.list.cy - first->list.cy, 50);
+        ExpectMoved(first->ok, grown.ok, 100, 50);
+        ExpectMoved(first->filtersOff, grown.filtersOff, 100, 50);
+    });
+}
+
+}  // namespace
+}  // namespace nux

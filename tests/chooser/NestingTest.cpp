@@ -1,0 +1,168 @@
+// Choosers in choosers, two objects, and a host that goes away while the chooser is open.
+
+#include "tests/chooser/ChooserTest.h"
+#include "tests/chooser/TestedThreadWindow.h"
+#include "tests/driver/Controls.h"
+#include "tests/driver/Input.h"
+#include "tests/driver/Waiting.h"
+
+namespace nux {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class Nesting : public ChooserTest {
+protected:
+    /// One call on an object of its own.
+    struct Run {
+        ComPtr<ComObject<nuxStdParts>> object = MakeObject<nuxStdParts>();
+        HRESULT answer = E_UNEXPECTED;
+        ComPtr<IDispatch> chosen;
+        bool returned = false;
+
+        void Choose(const SizeTable& table) {
+            const auto names = SelectNodes(RootOf(ParseXml(table.Names())), L"*");
+            const auto rows = SelectNodes(RootOf(ParseXml(table.Xml())), L"*");
+            Variant none, standard;
+            standard.vt = VT_DISPATCH;
+            rows.CopyTo(&standard.pdispVal);
+            const Bstr catalog(L"TEST"), component(L"PART");
+            answer = object->ChooseDimensions(catalog.Get(), component.Get(), names.Get(), none, standard,
+                                              none, chosen.Receive());
+            returned = true;
+        }
+        std::string Value(const char* name) const {
+            return AttributeOf(chosen.As<IXMLDOMNode>(IID_IXMLDOMNode), name);
+        }
+    };
+
+    const SizeTable outerTable{{"A"}, {{"1"}, {"2"}}};
+    const SizeTable innerTable{{"A"}, {{"10"}, {"20"}, {"30"}}};
+};
+
+TEST_F(Nesting, AChooserOpensFromWithinAChooser) {
+    Run outer, inner;
+    const TestedThreadWindow host;
+    const std::function<void()> openInner = [&] { inner.Choose(innerTable); };
+    driver::WithUser([&] { outer.Choose(outerTable); },
+                     [&](driver::User& user) {
+                         const Chooser first(user);
+                         host.Do(openInner);
+                         driver::WaitFor("a disabled outer chooser",
+                                         [&] { return !IsWindowEnabled(first.Window()); });
+                         const Chooser second(user);
+                         ASSERT_NE(second.Window(), first.Window());
+                         EXPECT_EQ(GetWindow(second.Window(), GW_OWNER), first.Window());
+                         second.Menu(1, MenuItem::SortDescending);
+                         EXPECT_EQ(second.Rows(), (Texts{"30", "20", "10"}));
+                         EXPECT_EQ(first.Rows(), (Texts{"1", "2"}));
+                         second.Take(1);
+                         user.Settle();
+                         EXPECT_TRUE(IsWindowEnabled(first.Window()));
+                         first.Take(1);
+                     });
+    EXPECT_EQ(inner.answer, S_OK);
+    EXPECT_EQ(inner.Value("A"), "20");
+    EXPECT_EQ(outer.answer, S_OK);
+    EXPECT_EQ(outer.Value("A"), "2");
+}
+
+TEST_F(Nesting, AFilterOfTheInnerOneLeavesTheOuterAlone) {
+    Run outer, inner;
+    const TestedThreadWindow host;
+    const std::function<void()> openInner = [&] { inner.Choose(innerTable); };
+    driver::WithUser([&] { outer.Choose(outerTable); },
+                     [&](driver::User& user) {
+                         const Chooser first(user);
+                         host.Do(openInner);
+                         driver::WaitFor("a disabled outer chooser",
+                                         [&] { return !IsWindowEnabled(first.Window()); });
+                         const Chooser second(user);
+                         const FilterDialog dialog = second.DefineFilter(1);
+                         dialog.Check(IDC_FILTER_EQUAL);
+                         dialog.SetLower("20");
+                         dialog.Ok();
+                         EXPECT_EQ(second.Rows(), (Texts{"20"}));
+                         second.Cancel();
+                         user.Settle();
+                         EXPECT_EQ(first.Rows(), (Texts{"1", "2"}));
+                         first.Cancel();
+                     });
+    // Both write under one key; the outer one closes last.
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+}
+
+class HostGone : public Nesting {
+protected:
+    /// Opens the chooser on a host window, lets the user do `deeds`, and destroys the host's window.
+    void DestroyHost(const std::function<void(Chooser&)>& deeds) {
+        Run run;
+        TestedThreadWindow host;
+        host.Show();
+        SetActiveWindow(host.Handle());
+        const std::function<void()> destroy = [&] { DestroyWindow(host.Handle()); };
+        driver::WithUser([&] { run.Choose(outerTable); },
+                         [&](driver::User& user) {
+                             Chooser chooser(user);
+                             ASSERT_EQ(GetWindow(chooser.Window(), GW_OWNER), host.Handle());
+                             deeds(chooser);
+                             host.Do(destroy);
+                             driver::WaitUntilGone(chooser.Window());
+                         });
+        EXPECT_TRUE(run.returned);
+        EXPECT_EQ(run.answer, S_OK);
+        EXPECT_FALSE(run.chosen);
+        const driver::Application here = driver::Application::OfThread(GetCurrentThreadId());
+        EXPECT_TRUE(here.Windows().empty());
+    }
+};
+
+TEST_F(HostGone, EndsTheChooserWithoutARowAndKeepsItsSettings) {
+    DestroyHost([](Chooser& chooser) { chooser.Menu(1, MenuItem::SortAscending); });
+    EXPECT_TRUE(KeyExists(Key("A")));
+    // The next one opens as if nothing had happened.
+    EXPECT_EQ(RowsOf(Call(outerTable)), (Texts{"1", "2"}));
+}
+
+TEST_F(HostGone, EndsTheFilterDialogToo) {
+    DestroyHost([](Chooser& chooser) {
+        const FilterDialog dialog = chooser.DefineFilter(1);
+        dialog.Check(IDC_FILTER_EQUAL);
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+}
+
+TEST_F(HostGone, EndsAnOpenMenuToo) {
+    DestroyHost([](Chooser& chooser) { chooser.OpenMenu(1); });
+}
+
+TEST_F(HostGone, EndsTheQuickFilterToo) {
+    std::optional<QuickFilterGesture> gesture;
+    DestroyHost([&](Chooser& chooser) { gesture.emplace(chooser, 0, 1); });
+}
+
+TEST_F(HostGone, EndsChoosersInChoosers) {
+    Run outer, inner;
+    TestedThreadWindow host, opener;
+    host.Show();
+    SetActiveWindow(host.Handle());
+    const std::function<void()> openInner = [&] { inner.Choose(innerTable); };
+    const std::function<void()> destroy = [&] { DestroyWindow(host.Handle()); };
+    driver::WithUser([&] { outer.Choose(outerTable); },
+                     [&](driver::User& user) {
+                         const Chooser first(user);
+                         opener.Do(openInner);
+                         driver::WaitFor("a disabled outer chooser",
+                                         [&] { return !IsWindowEnabled(first.Window()); });
+                         const Chooser second(user);
+                         opener.Do(destroy);
+                         driver::WaitUntilGone(first.Window());
+                     });
+    EXPECT_TRUE(inner.returned);
+    EXPECT_TRUE(outer.returned);
+    EXPECT_FALSE(inner.chosen);
+    EXPECT_FALSE(outer.chosen);
+}
+
+}  // namespace
+}  // namespace nux

@@ -1,0 +1,302 @@
+// The quick filter, with the real pointer: press the right button on a cell, drag to a value, let go.
+
+#include "tests/chooser/ChooserTest.h"
+#include "tests/driver/Messages.h"
+#include "tests/driver/Picture.h"
+#include "tests/driver/PointerInput.h"
+#include "tests/driver/Waiting.h"
+
+namespace nux {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class QuickFilter : public ChooserTest {
+protected:
+    const ChooserCall call =
+        Call({{"A", "B"}, {{"3", "round"}, {"1", "square"}, {"2", "round"}, {"1", "round"}}},
+             {{"A", "B"}, {{"2", "flat"}}});
+
+    /// As many rows as values, from 1 on.
+    static ChooserCall ManyValues(int count) {
+        SizeTable table{{"A"}, {}};
+        for (int i = 1; i <= count; ++i)
+            table.rows.push_back({std::to_string(i)});
+        return Call(table);
+    }
+
+    /// Waits until the pointer's place has made this row, of the values, the one that is marked.
+    static void ExpectMarked(const QuickFilterGesture& gesture, int index, bool marked) {
+        const RECT list = gesture.ListBounds();
+        const RECT row{list.left, list.top + index * gesture.RowHeight(), list.right,
+                       list.top + (index + 1) * gesture.RowHeight()};
+        driver::WaitFor(marked ? "a marked value" : "a value without mark", [&] {
+            const driver::Picture picture = driver::TakePicture(row);
+            const int highlight =
+                picture.Count({0, 0, picture.width, picture.height}, GetSysColor(COLOR_HIGHLIGHT));
+            return (highlight > picture.width * picture.height / 3) == marked;
+        });
+    }
+};
+
+TEST_F(QuickFilter, OpensWithThePointerOnTheFirstValueAndEightRowsHigh) {
+    Look(call, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 2, 1);
+        POINT pointer{};
+        GetCursorPos(&pointer);
+        const RECT list = gesture.ListBounds();
+        const int width = list.right - list.left;
+        EXPECT_EQ(pointer.x - list.left, width / 4);
+        EXPECT_EQ(pointer.y - list.top, gesture.RowHeight() / 2);
+        EXPECT_EQ(list.bottom - list.top, 3 * gesture.RowHeight());
+        const RECT pager = gesture.PagerBounds();
+        EXPECT_EQ(pager.right - pager.left, width);
+        EXPECT_EQ(pager.bottom - pager.top, 8 * gesture.RowHeight());
+        EXPECT_EQ(GetWindow(gesture.Window(), GW_OWNER), chooser.Window());
+        EXPECT_FALSE(GetWindowLongA(gesture.Window(), GWL_STYLE) & WS_THICKFRAME);
+        gesture.MoveTo({pager.right + 40, pager.top + 10});
+        gesture.Release();
+    });
+}
+
+TEST_F(QuickFilter, SetsTheNumberThatThePointerIsOver) {
+    Look(call, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.Value(1));
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|round", "2|flat"}));
+        EXPECT_EQ(chooser.List().HeaderImage(1), 0);
+        EXPECT_TRUE(chooser.CanTurnOffAll());
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 1u);
+    EXPECT_EQ(StoredText("A", "LowerLimit"), Whole("2"));
+}
+
+TEST_F(QuickFilter, SetsTheFirstValueIfThePointerDoesNotMove) {
+    Look(call, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|square", "1|round"}));
+    });
+}
+
+TEST_F(QuickFilter, SetsTheTextOfATextColumn) {
+    Look(call, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 2);
+        gesture.MoveTo(gesture.Value(2));  // flat, round, square
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|square"}));
+    });
+    EXPECT_EQ(StoredNumber("B", "FilterType"), 5u);
+    EXPECT_EQ(StoredText("B", "FilterString"), "square");
+}
+
+TEST_F(QuickFilter, OffersTranslatedTextsInTheirOrder) {
+    Translate("QUICK", {{"round", "zirkular"}, {"square", "eckig"}, {"flat", "flach"}});
+    ChooserCall translated = call;
+    translated.catalog = "QUICK";
+    Look(translated, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 2);
+        gesture.MoveTo(gesture.Value(2));
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"3|zirkular", "2|zirkular", "1|zirkular"}));
+    });
+}
+
+TEST_F(QuickFilter, IsLeftAloneWhenReleasedOutside) {
+    StoreFilter("A", 4, "2");
+    Look(call, [](Chooser& chooser) {
+        const Texts before = chooser.Rows();
+        QuickFilterGesture gesture(chooser, 0, 1);
+        const RECT pager = gesture.PagerBounds();
+        gesture.MoveTo({pager.left + 5, pager.bottom + 30});
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), before);
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 4u);
+}
+
+TEST_F(QuickFilter, ReleasedBelowTheLastValueTurnsTheFilterOff) {
+    StoreFilter("A", 4, "2", "0", 1);
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"3|round", "2|round"}));
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.Value(4));  // of three
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows().size(), 5u);
+        EXPECT_EQ(chooser.List().HeaderImage(1), -1);
+        EXPECT_FALSE(chooser.CanTurnOffAll());
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+    EXPECT_EQ(StoredNumber("A", "Database"), 3u);
+}
+
+TEST_F(QuickFilter, ReplacesTheFilterOfTheColumnDatabaseIncluded) {
+    StoreFilter("A", 2, "1", "2", 1);
+    Look(call, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.Value(1));
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|round", "2|flat"}));
+    });
+    EXPECT_EQ(StoredNumber("A", "Database"), 3u);
+}
+
+TEST_F(QuickFilter, LeavesTheOrderOfTheFileAndTheOtherFilters) {
+    StoreFilter("A", 4, "2");
+    Look(call, [](Chooser& chooser) {
+        chooser.Menu(1, MenuItem::SortAscending);
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|round", "2|flat", "3|round"}));
+        QuickFilterGesture gesture(chooser, 0, 2);
+        gesture.MoveTo(gesture.Value(1));
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"3|round", "2|round"}));
+    });
+}
+
+TEST_F(QuickFilter, MarksTheValueUnderThePointerOnlyInsideTheWindow) {
+    Look(call, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        ExpectMarked(gesture, 0, true);
+        gesture.MoveTo(gesture.Value(2));
+        ExpectMarked(gesture, 2, true);
+        ExpectMarked(gesture, 0, false);
+        const RECT pager = gesture.PagerBounds();
+        gesture.MoveTo({pager.right + 30, pager.top + 5});
+        ExpectMarked(gesture, 2, false);
+        gesture.Release();
+    });
+}
+
+TEST_F(QuickFilter, ScrollsByOneRowWhileThePointerIsOnTheLowerButton) {
+    Look(ManyValues(60), [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        EXPECT_EQ(gesture.ScrollPosition(), 0);
+        gesture.MoveTo(gesture.LowerButton());
+        driver::WaitFor("a step of a single row", [&] {
+            const int rows = gesture.ScrollPosition() / gesture.RowHeight();
+            EXPECT_EQ(gesture.ScrollPosition() % gesture.RowHeight(), 0);
+            return rows % 5 != 0;
+        });
+        gesture.MoveTo({gesture.PagerBounds().right + 30, gesture.PagerBounds().top});
+        gesture.Release();
+        EXPECT_EQ(chooser.List().RowCount(), 60);
+    });
+}
+
+TEST_F(QuickFilter, ScrollsByFiveRowsWithAKeyHeld) {
+    for (const WORD key : {VK_SHIFT, VK_CONTROL, VK_MENU}) {
+        Look(ManyValues(203), [key](Chooser& chooser) {
+            QuickFilterGesture gesture(chooser, 0, 1);
+            {
+                const driver::HeldKey held(key);
+                gesture.MoveTo(gesture.LowerButton());
+                const int end = 100 * gesture.RowHeight();
+                driver::WaitFor("many rows", [&] {
+                    const int position = gesture.ScrollPosition();
+                    EXPECT_EQ(position % (5 * gesture.RowHeight()), 0) << key;
+                    return position >= end;
+                });
+                gesture.MoveTo({gesture.PagerBounds().right + 30, gesture.PagerBounds().top});
+            }
+            gesture.Release();
+        });
+    }
+}
+
+TEST_F(QuickFilter, TakesAValueThatWasScrolledIntoSight) {
+    Look(ManyValues(40), [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.LowerButton());
+        driver::WaitFor("the end of the list",
+                        [&] { return gesture.ScrollPosition() >= 30 * gesture.RowHeight(); });
+        const RECT pager = gesture.PagerBounds();
+        gesture.MoveTo({pager.left + 10, (pager.top + pager.bottom) / 2});
+        chooser.User().Settle();
+        POINT pointer{};
+        GetCursorPos(&pointer);
+        const int index = (pointer.y - gesture.ListBounds().top) / gesture.RowHeight();
+        ExpectMarked(gesture, index, true);
+        gesture.Release();
+        EXPECT_GT(index, 25);
+        EXPECT_EQ(chooser.Rows(), (Texts{std::to_string(index + 1)}));
+    });
+}
+
+TEST_F(QuickFilter, ScrollsBackOnTheUpperButton) {
+    Look(ManyValues(40), [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.LowerButton());
+        driver::WaitFor("a list that scrolls",
+                        [&] { return gesture.ScrollPosition() >= 20 * gesture.RowHeight(); });
+        const RECT pager = gesture.PagerBounds();
+        gesture.MoveTo({(pager.left + pager.right) / 2, pager.top + 4});
+        driver::WaitFor("a list that scrolls back", [&] { return gesture.ScrollPosition() == 0; });
+        gesture.MoveTo(gesture.Value(3));
+        ExpectMarked(gesture, 3, true);
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"4"}));
+    });
+}
+
+TEST_F(QuickFilter, IsLeftAloneWhenReleasedOnAScrollButton) {
+    Look(ManyValues(40), [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.LowerButton());
+        driver::WaitFor("a list that scrolls", [&] { return gesture.ScrollPosition() > 0; });
+        gesture.Release();
+        EXPECT_EQ(chooser.List().RowCount(), 40);
+        EXPECT_FALSE(chooser.CanTurnOffAll());
+    });
+}
+
+TEST_F(QuickFilter, WithoutValuesIsEightRowsHighAndTurnsTheFilterOff) {
+    ChooserCall attributes;
+    attributes.names = "<n><A/></n>";
+    attributes.standard = SizeTable{{"A"}, {{"1"}, {"2"}}}.XmlOfAttributes();
+    StoreFilter("A", 1, "2");
+    Look(attributes, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"2"}));
+        QuickFilterGesture gesture(chooser, 0, 1);
+        const RECT pager = gesture.PagerBounds();
+        EXPECT_EQ(pager.bottom - pager.top, 8 * gesture.RowHeight());
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1", "2"}));
+    });
+}
+
+TEST_F(QuickFilter, DoesNotOpenOnTheMarkerColumnNorBesideTheRows) {
+    Look(call, [](Chooser& chooser) {
+        const driver::ListView& list = chooser.List();
+        RECT last = list.CellBounds(list.RowCount() - 1, 1);
+        for (const POINT point : {list.CellMiddle(0, 0), POINT{last.left + 5, last.bottom + 20}}) {
+            driver::MovePointer(driver::OnScreen(list.Handle(), point));
+            driver::PressPointer(driver::PointerButton::Right);
+            driver::ReleasePointer(driver::PointerButton::Right);
+            driver::WaitFor("the release", [] { return GetAsyncKeyState(VK_RBUTTON) >= 0; });
+            chooser.User().Settle();
+            EXPECT_EQ(chooser.User().Windows(), (std::vector<HWND>{chooser.Window()}));
+        }
+        // The next gesture shows that the two before are over.
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.Release();
+        EXPECT_EQ(chooser.List().RowCount(), 2);
+    });
+}
+
+TEST_F(QuickFilter, LeavesNoCaptureBehind) {
+    Look(call, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        GUITHREADINFO state{};
+        state.cbSize = sizeof state;
+        const DWORD thread = GetWindowThreadProcessId(chooser.Window(), nullptr);
+        GetGUIThreadInfo(thread, &state);
+        EXPECT_EQ(state.hwndCapture, gesture.ValueList());
+        gesture.Release();
+        GetGUIThreadInfo(thread, &state);
+        EXPECT_EQ(state.hwndCapture, nullptr);
+    });
+}
+
+}  // namespace
+}  // namespace nux

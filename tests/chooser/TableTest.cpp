@@ -1,0 +1,300 @@
+// The table of the chooser: its columns, its rows, and what makes a column one of numbers or of texts.
+
+#include "tests/chooser/ChooserTest.h"
+
+namespace nux {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class Table : public ChooserTest {
+protected:
+    /// Whether a column counts as one of numbers, as its header shows it.
+    static bool IsNumeric(const Chooser& chooser, int column) {
+        return (chooser.List().HeaderFormat(column) & HDF_JUSTIFYMASK) == HDF_CENTER;
+    }
+};
+
+TEST_F(Table, HasANarrowMarkerColumnAndOneForEachDimension) {
+    Look(Call({{"A", "B"}, {{"1", "2"}}}), [](Chooser& chooser) {
+        const driver::ListView& list = chooser.List();
+        ASSERT_EQ(list.ColumnCount(), 3);
+        EXPECT_EQ(list.Width(0), 20);
+        EXPECT_EQ(list.Caption(0), "");
+        EXPECT_EQ(list.Cell(0, 0), "");
+        EXPECT_EQ(list.HeaderImage(0), 1);
+        EXPECT_TRUE(list.HeaderFormat(0) & HDF_STRING);
+        EXPECT_EQ(list.Caption(1), "A");
+        EXPECT_EQ(list.Caption(2), "B");
+        EXPECT_EQ(list.Width(1), 50);
+        EXPECT_EQ(list.Width(2), 50);
+        EXPECT_EQ(list.Order(), (std::vector<int>{0, 1, 2}));
+        EXPECT_EQ(SendMessageA(list.Header(), HDM_GETBITMAPMARGIN, 0, 0), 2);
+    });
+}
+
+TEST_F(Table, TakesTheCaptionFromTheTextOfANameAndElseFromTheNameItself) {
+    ChooserCall call = Call({{"A", "B", "C"}, {{"1", "2", "3"}}});
+    call.names = "<n><A>Length</A><B/><C><inner>no</inner>Bore</C></n>";
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Caption(1), "Length");
+        EXPECT_EQ(chooser.List().Caption(2), "B");
+        EXPECT_EQ(chooser.List().Caption(3), "Bore");
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|2|3"}));
+    });
+}
+
+TEST_F(Table, TranslatesCaptionsAndTextsOfTheCatalogueButNotNumbers) {
+    Translate("TRANSLATED", {{"Length", "Extent"}, {"B", "Kind"}, {"round", "circular"}, {"12", "twelve"}});
+    ChooserCall call = Call({{"A", "B"}, {{"12", "round"}, {"5", "square"}}});
+    call.catalog = "TRANSLATED";
+    call.names = "<n><A>Length</A><B/></n>";
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Caption(1), "Extent");
+        EXPECT_EQ(chooser.List().Caption(2), "Kind");
+        EXPECT_EQ(chooser.Rows(), (Texts{"12|circular", "5|square"}));
+    });
+}
+
+TEST_F(Table, ShowsTheStandardRowsFirstThenTheUsersEachInTheOrderOfTheFile) {
+    Look(Call({{"A"}, {{"9"}, {"1"}, {"5"}}}, {{"A"}, {{"7"}, {"2"}}}), [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"9", "1", "5", "7", "2"}));
+        const driver::ListView& list = chooser.List();
+        const std::vector<int> images{list.Image(0), list.Image(1), list.Image(2), list.Image(3),
+                                      list.Image(4)};
+        EXPECT_EQ(images, (std::vector<int>{1, 1, 1, 0, 0})) << "only the user's rows have an icon";
+    });
+}
+
+TEST_F(Table, HasOneIconForTheUsersRows) {
+    Look(Call({{"A"}, {{"9"}}}), [](Chooser& chooser) {
+        const auto images = reinterpret_cast<HIMAGELIST>(
+            SendMessageA(chooser.List().Handle(), LVM_GETIMAGELIST, LVSIL_SMALL, 0));
+        EXPECT_EQ(ImageList_GetImageCount(images), 1);
+        int width = 0, height = 0;
+        ImageList_GetIconSize(images, &width, &height);
+        EXPECT_EQ(width, 16);
+        EXPECT_EQ(height, 16);
+        const auto marks =
+            reinterpret_cast<HIMAGELIST>(SendMessageA(chooser.List().Header(), HDM_GETIMAGELIST, 0, 0));
+        EXPECT_EQ(ImageList_GetImageCount(marks), 2);
+    });
+}
+
+TEST_F(Table, ReadsAListFromItsStartWhereverItsReaderHasLeftIt) {
+    const auto names = SelectNodes(RootOf(ParseXml("<n><A/><B/></n>")), L"*");
+    const auto rows = SelectNodes(RootOf(ParseXml("<r><s A='1' B='2'/><s A='3' B='4'/></r>")), L"*");
+    ComPtr<IXMLDOMNode> passed;
+    names->nextNode(passed.Receive());
+    rows->nextNode(passed.Receive());
+    rows->nextNode(passed.Receive());
+    Variant none, standard;
+    standard.vt = VT_DISPATCH;
+    rows.CopyTo(&standard.pdispVal);
+    ComPtr<IDispatch> chosen;
+    driver::WithUser(
+        [&] {
+            Object().ChooseDimensions(nullptr, nullptr, names.Get(), none, standard, none, chosen.Receive());
+        },
+        [](driver::User& user) {
+            const Chooser chooser(user);
+            EXPECT_EQ(chooser.Rows(), (Texts{"1|2", "3|4"}));
+            chooser.Cancel();
+        });
+}
+
+TEST_F(Table, AWordTurnsItsColumnIntoTextAndLeavesTheCellsAboveIt) {
+    Translate("WORDS", {{"12.50", "translated by mistake"}, {"round", "circular"}});
+    ChooserCall call = Call({{"A", "B"}, {{"12.50", "1"}, {"round", "2"}, {"12.50", "3"}}});
+    call.catalog = "WORDS";
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"12.50|1", "circular|2", "12.50|3"}));
+        EXPECT_FALSE(IsNumeric(chooser, 1));
+        EXPECT_TRUE(IsNumeric(chooser, 2));
+    });
+}
+
+TEST_F(Table, AWordOfTheUsersTurnsTheColumnToo) {
+    Look(Call({{"A"}, {{"1"}}}, {{"A"}, {{"x"}}}),
+         [](Chooser& chooser) { EXPECT_FALSE(IsNumeric(chooser, 1)); });
+}
+
+TEST_F(Table, AMissingAttributeEndsItsSourceThereAndOnlyThat) {
+    ChooserCall call;
+    call.names = "<n><A/><B/></n>";
+    call.standard = "<r><s A='1' B='2'/><s A='3'/><s A='5' B='6'/></r>";
+    call.users = "<r><s A='7' B='8'/><s B='9'/><s A='1' B='1'/></r>";
+    EXPECT_EQ(RowsOf(call), (Texts{"1|2", "7|8"}));
+}
+
+TEST_F(Table, ARefusedRowDoesNotChangeTheKindOfLaterColumns) {
+    const ChooserCall call = Call({{"A", "B", "C"}, {{"1", "1", "1"}, {"2", "1", "word"}, {"1", "1", "3"}}});
+    StoreFilter("A", 1, "1");
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|1|1", "1|1|3"}));
+        EXPECT_TRUE(IsNumeric(chooser, 3));
+    });
+}
+
+TEST_F(Table, ARefusedRowChangesTheKindOfTheColumnThatRefusesIt) {
+    const ChooserCall call = Call({{"A"}, {{"1"}, {"word"}}});
+    StoreFilter("A", 1, "1");
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"1"}));
+        EXPECT_FALSE(IsNumeric(chooser, 1));
+    });
+}
+
+TEST_F(Table, AColumnOfTextStaysOneWhenItsWordsAreFilteredAway) {
+    const ChooserCall call = Call({{"A", "B"}, {{"1", "1"}, {"2", "word"}}});
+    Look(call, [](Chooser& chooser) {
+        const FilterDialog dialog = chooser.DefineFilter(1);
+        dialog.Check(IDC_FILTER_EQUAL);
+        dialog.SetLower("1");
+        dialog.Ok();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|1"}));
+        const driver::PopupMenu menu = chooser.OpenMenu(2);
+        EXPECT_FALSE(menu.IsEnabled(static_cast<int>(MenuItem::DefineFilter)));
+        menu.Escape();
+    });
+}
+
+TEST_F(Table, RowsThatReadAlikeStayRowsOfTheirOwn) {
+    const ChooserCall call = [] {
+        ChooserCall alike;
+        alike.names = "<n><A/></n>";
+        alike.standard = "<r><s A='1' id='first'/><s A='1' id='second'/><s A='1' id='third'/></r>";
+        return alike;
+    }();
+    EXPECT_EQ(Choose(call, [](Chooser& chooser) { chooser.Take(1); }).Value("id"), "second");
+    EXPECT_EQ(Choose(call, [](Chooser& chooser) { chooser.Take(2); }).Value("id"), "third");
+}
+
+TEST_F(Table, TellsNumbersFromTextsAsTheStandardLibraryReadsThem) {
+    const SizeTable table{{"A", "B", "C", "D", "E", "F", "G", "H", "I", "J", "K"},
+                          {{"1e5", "inf", "0x10", "", "-3.5", " 7", "nan", "7 ", "12 mm", " ", "1,5"}}};
+    Look(Call(table), [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"1e5|inf|0x10||-3.5| 7|nan|7 |12 mm| |1,5"}));
+        for (int column = 1; column <= 7; ++column)
+            EXPECT_TRUE(IsNumeric(chooser, column)) << chooser.List().Cell(0, column);
+        for (int column = 8; column <= 11; ++column)
+            EXPECT_FALSE(IsNumeric(chooser, column)) << chooser.List().Cell(0, column);
+    });
+}
+
+TEST_F(Table, ReadsTheFirst127CharactersOfAValue) {
+    const std::string digits(126, '1');
+    Look(Call({{"A", "B"}, {{digits + "2" + std::string(73, 'x'), std::string(200, 'y')}}}),
+         [&](Chooser& chooser) {
+             EXPECT_EQ(chooser.Rows(), (Texts{digits + "2|" + std::string(127, 'y')}));
+             EXPECT_TRUE(IsNumeric(chooser, 1)) << "what lies behind is not looked at";
+         });
+}
+
+TEST_F(Table, GrowsWithTheDimensions) {
+    for (const int count : {1, 2, 60, 130}) {
+        SizeTable table;
+        table.rows.resize(1);
+        std::string expected;
+        for (int i = 0; i < count; ++i) {
+            table.dimensions.push_back("D" + std::to_string(i));
+            table.rows[0].push_back(std::to_string(i));
+            expected += (i ? "|" : "") + std::to_string(i);
+        }
+        Look(Call(table), [&](Chooser& chooser) {
+            EXPECT_EQ(chooser.List().ColumnCount(), count + 1);
+            EXPECT_EQ(chooser.Rows(), (Texts{expected}));
+        });
+    }
+}
+
+TEST_F(Table, OpensWithoutNames) {
+    ChooserCall call = Call({{"A"}, {{"1"}, {"2"}}});
+    call.names = "<n/>";
+    const ChooserResult result = Choose(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().ColumnCount(), 1);
+        EXPECT_EQ(chooser.List().RowCount(), 2) << "no column refuses a row";
+        chooser.Ok();
+    });
+    EXPECT_EQ(result.Value("A"), "1");
+}
+
+TEST_F(Table, OpensWithoutRowsAndWithoutSources) {
+    const auto takeNothing = [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().RowCount(), 0);
+        EXPECT_TRUE(chooser.List().Selected().empty());
+        chooser.Ok();
+    };
+    const ChooserResult noRows = Choose(Call({{"A"}, {}}, {{"A"}, {}}), takeNothing);
+    EXPECT_EQ(noRows.answer, S_OK);
+    EXPECT_TRUE(noRows.written);
+    EXPECT_FALSE(noRows.row);
+    ChooserCall none;
+    none.names = "<n><A/></n>";
+    const ChooserResult noSources = Choose(none, takeNothing);
+    EXPECT_EQ(noSources.answer, S_OK);
+    EXPECT_TRUE(noSources.written);
+    EXPECT_FALSE(noSources.row);
+}
+
+TEST_F(Table, ShowsTheRowsOfOneSourceAlone) {
+    ChooserCall call = Call({{"A"}, {}}, {{"A"}, {{"4"}}});
+    call.standard.reset();
+    EXPECT_EQ(RowsOf(call), (Texts{"4"}));
+}
+
+TEST_F(Table, ANameThatNoAttributeCanHaveShowsNoRows) {
+    ChooserCall call = Call({{"A"}, {{"1"}}});
+    const auto names = SelectNodes(RootOf(ParseXml("<n><A/><!--comment--></n>")), L"node()");
+    const auto rows = SelectNodes(RootOf(ParseXml(*call.standard)), L"*");
+    Variant none, standard;
+    standard.vt = VT_DISPATCH;
+    rows.CopyTo(&standard.pdispVal);
+    ComPtr<IDispatch> chosen;
+    driver::WithUser(
+        [&] {
+            Object().ChooseDimensions(nullptr, nullptr, names.Get(), none, standard, none, chosen.Receive());
+        },
+        [](driver::User& user) {
+            const Chooser chooser(user);
+            EXPECT_EQ(chooser.List().ColumnCount(), 3);
+            EXPECT_EQ(chooser.List().Caption(2), "#comment");
+            EXPECT_EQ(chooser.List().RowCount(), 0);
+            chooser.Cancel();
+        });
+}
+
+TEST_F(Table, ShowsUmlautsInNamesCaptionsAndValues) {
+    if (DoubleByteCodePage())
+        GTEST_SKIP() << "code page 932 has no umlauts";
+    ChooserCall call = Call({{"L\xC3\xA4nge", "B"}, {{"1", "gr\xC3\xBCn"}}});
+    call.names =
+        "<n><L\xC3\xA4nge/><B>Gr\xC3\xB6\xC3\x9F"
+        "e</B></n>";
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Caption(1), "L\xE4nge");
+        EXPECT_EQ(chooser.List().Caption(2),
+                  "Gr\xF6\xDF"
+                  "e");
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|gr\xFCn"}));
+    });
+}
+
+TEST_F(Table, ShowsDoubleByteTextsAndCutsAValueThroughACharacter) {
+    if (!DoubleByteCodePage())
+        GTEST_SKIP() << "needs a code page of double-byte characters";
+    const std::string length = "\xE9\x95\xB7\xE3\x81\x95";  // two characters
+    std::string many;
+    for (int i = 0; i < 100; ++i)
+        many += "\xE8\xA1\xA8";  // whose second byte in code page 932 is a backslash
+    ChooserCall call = Call({{length, "B"}, {{"1", many}}});
+    Look(call, [&](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Caption(1), Ansi(length));
+        const std::string cell = chooser.List().Cell(0, 2);
+        EXPECT_EQ(cell.substr(0, 126), Ansi(many).substr(0, 126));
+        EXPECT_LE(cell.size(), 128u) << "127 bytes count; the list may complete the cut character";
+    });
+}
+
+}  // namespace
+}  // namespace nux

@@ -1,0 +1,31 @@
+#include "tests/control/Installation.h"
+
+namespace nux {
+
+HRESULT SetPaths(const ComPtr<InuxStdParts>& parts, const std::string& catalog, const std::string& data,
+                 const std::string& gui, const std::string& custom) {
+    return parts->SetTRNVPaths(Bstr(catalog, CP_ACP).Get(), Bstr(data, CP_ACP).Get(), Bstr(gui, CP_ACP).Get(),
+                               Bstr(custom, CP_ACP).Get());
+}
+
+bool TakesUmlauts(const TempFolder& folder) {
+    const std::wstring probe = Widen(folder.Path()) + L"\u00e4\u00f6\u00fc";
+    return CreateDirectoryW(probe.c_str(), nullptr) && RemoveDirectoryW(probe.c_str());
+}
+
+void InstallationTest::SetUp() {
+    PartsTest::SetUp();
+    ASSERT_EQ(S_OK, UseInstallation());
+}
+
+void InstallationTest::WriteMessage(const std::string& file, const std::string& id, const std::string& text) {
+    folder.Write(file, "<Messages><MsgID>" + id + "</MsgID><Text>" + text + "</Text></Messages>");
+}
+
+std::wstring InstallationTest::Localized(const std::wstring& catalogue, const std::wstring& id) {
+    BSTR text = nullptr;
+    EXPECT_EQ(S_OK, parts->GetLocalizedString(Bstr(catalogue).Get(), Bstr(id).Get(), &text));
+    return Take(text);
+}
+
+}  // namespace nux

@@ -1,0 +1,44 @@
+#include "tests/control/LifterWizardClass.h"
+
+#include <gtest/gtest.h>
+
+namespace nux {
+
+class LifterWizardClass::Factory : public IClassFactory {
+public:
+    explicit Factory(Journal* journal) : journal_(journal) {}
+    virtual ~Factory() = default;
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
+        EXPECT_EQ(nullptr, outer);
+        EXPECT_EQ(IID_IDispatch, iid);
+        ++made;
+        return MakeObject<NamedProperties>(journal_, "lifter wizard")->QueryInterface(iid, object);
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+    int made = 0;
+
+protected:
+    void* FindInterface(REFIID iid) noexcept {
+        return iid == IID_IClassFactory || iid == IID_IUnknown ? static_cast<IClassFactory*>(this) : nullptr;
+    }
+
+private:
+    Journal* journal_;
+};
+
+LifterWizardClass::LifterWizardClass(Journal* journal) : factory_(MakeObject<Factory>(journal)) {
+    EXPECT_EQ(S_OK, CoRegisterClassObject(CLSID_nuxLifterWizard, factory_.Get(), CLSCTX_INPROC_SERVER,
+                                          REGCLS_MULTIPLEUSE, &registration_));
+}
+
+LifterWizardClass::~LifterWizardClass() {
+    CoRevokeClassObject(registration_);
+}
+
+int LifterWizardClass::Made() const noexcept {
+    return factory_->made;
+}
+
+}  // namespace nux

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include "framework/ComPtr.h"
+#include "tests/control/HostDoubles.h"
+
+namespace nux {
+
+/// The host's lifter wizard as a class of this process, for as long as it lives.
+class LifterWizardClass {
+public:
+    /// @param journal  told "lifter wizard released" by each wizard; may be null
+    explicit LifterWizardClass(Journal* journal = nullptr);
+    LifterWizardClass(const LifterWizardClass&) = delete;
+    LifterWizardClass& operator=(const LifterWizardClass&) = delete;
+    ~LifterWizardClass();
+
+    /// How many wizards were made.
+    int Made() const noexcept;
+
+private:
+    class Factory;
+    ComPtr<ComObject<Factory>> factory_;
+    DWORD registration_ = 0;
+};
+
+}  // namespace nux

@@ -1,0 +1,81 @@
+#include <gtest/gtest.h>
+
+#include "framework/Handles.h"
+#include "tests/control/Installation.h"
+
+namespace nux {
+namespace {
+
+class SaveFile : public PartsTest {
+protected:
+    HRESULT Save(const std::string& name, const std::wstring& text) {
+        return parts->SaveFile(Bstr(folder.Path() + name, CP_ACP).Get(), Bstr(text).Get());
+    }
+
+    TempFolder folder;
+};
+
+TEST_F(SaveFile, WritesTheNarrowedTextWithoutATerminator) {
+    EXPECT_EQ(S_OK, Save("new.txt", L"line 1\r\nGr\u00f6\u00dfe \u20ac \u4e2d\n"));
+    EXPECT_EQ("line 1\r\nGr\xf6\xdf" "e \x80 ?\n", folder.Read("new.txt"));
+}
+
+TEST_F(SaveFile, ReplacesAFile) {
+    folder.Write("old.txt", "something much longer");
+    EXPECT_EQ(S_OK, Save("old.txt", L"short"));
+    EXPECT_EQ("short", folder.Read("old.txt"));
+}
+
+TEST_F(SaveFile, AnEmptyTextMakesAnEmptyFile) {
+    folder.Write("old.txt", "content");
+    EXPECT_EQ(S_OK, Save("old.txt", L""));
+    EXPECT_NE(INVALID_FILE_ATTRIBUTES, GetFileAttributesA((folder.Path() + "old.txt").c_str()));
+    EXPECT_EQ("", folder.Read("old.txt"));
+    EXPECT_EQ(S_OK, parts->SaveFile(Bstr(folder.Path() + "null.txt", CP_ACP).Get(), nullptr));
+    EXPECT_NE(INVALID_FILE_ATTRIBUTES, GetFileAttributesA((folder.Path() + "null.txt").c_str()));
+}
+
+TEST_F(SaveFile, KeepsZerosInsideTheText) {
+    EXPECT_EQ(S_OK, Save("zero.txt", std::wstring(L"a\0b", 3)));
+    EXPECT_EQ(std::string("a\0b", 3), folder.Read("zero.txt"));
+}
+
+TEST_F(SaveFile, AFileNameWithUmlautsIsFound) {
+    if (!TakesUmlauts(folder))
+        GTEST_SKIP() << umlautsMissing;
+    EXPECT_EQ(S_OK, Save("Gr\xf6\xdf" "e.txt", L"x"));
+    EXPECT_NE(INVALID_FILE_ATTRIBUTES, GetFileAttributesW((Widen(folder.Path()) + L"Gr\u00f6\u00dfe.txt").c_str()));
+}
+
+TEST_F(SaveFile, AFileThatAnotherHoldsFailsAndStays) {
+    const std::string path = folder.Write("held.txt", "held");
+    {
+        const UniqueFile held(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
+                                          nullptr));
+        EXPECT_EQ(E_FAIL, Save("held.txt", L"new"));
+        EXPECT_EQ("held", folder.Read("held.txt"));
+    }
+    EXPECT_EQ(S_OK, Save("held.txt", L"new"));
+}
+
+TEST_F(SaveFile, NoFolderIsCreated) {
+    EXPECT_EQ(E_FAIL, Save("missing\\file.txt", L"x"));
+    EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesA((folder.Path() + "missing").c_str()));
+}
+
+TEST_F(SaveFile, AFolderAnEmptyNameAndANullNameFail) {
+    folder.MakeFolder("taken");
+    EXPECT_EQ(E_FAIL, Save("taken", L"x"));
+    EXPECT_EQ(E_FAIL, parts->SaveFile(Bstr(L"").Get(), Bstr(L"x").Get()));
+    EXPECT_EQ(E_FAIL, parts->SaveFile(nullptr, Bstr(L"x").Get()));
+}
+
+TEST_F(SaveFile, TheFileIsClosedAfterwards) {
+    EXPECT_EQ(S_OK, Save("closed.txt", L"x"));
+    const UniqueFile alone(CreateFileA((folder.Path() + "closed.txt").c_str(), GENERIC_READ | GENERIC_WRITE, 0,
+                                       nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_TRUE(alone);
+}
+
+}  // namespace
+}  // namespace nux

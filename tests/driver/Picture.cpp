@@ -1,0 +1,98 @@
+#include "tests/driver/Picture.h"
+
+#include <fstream>
+
+#include "tests/driver/Application.h"
+#include "tests/driver/Waiting.h"
+
+namespace driver {
+namespace {
+
+void PaintAll() {
+    EnumWindows(
+        [](HWND window, LPARAM) -> BOOL {
+            if (IsWindowVisible(window))
+                RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+            return TRUE;
+        },
+        0);
+    GdiFlush();
+}
+
+}  // namespace
+
+int Picture::Count(const RECT& part, COLORREF colour) const {
+    int count = 0;
+    for (int y = part.top; y < part.bottom; ++y)
+        for (int x = part.left; x < part.right; ++x)
+            count += At(x, y) == colour;
+    return count;
+}
+
+Picture TakePicture(const RECT& screen) {
+    PaintAll();
+    Picture picture;
+    picture.width = screen.right - screen.left;
+    picture.height = screen.bottom - screen.top;
+    picture.pixels.resize(static_cast<std::size_t>(picture.width) * picture.height);
+
+    BITMAPINFO format{};
+    format.bmiHeader.biSize = sizeof format.bmiHeader;
+    format.bmiHeader.biWidth = picture.width;
+    format.bmiHeader.biHeight = -picture.height;  // from the top
+    format.bmiHeader.biPlanes = 1;
+    format.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    const HDC source = GetDC(nullptr);
+    const HDC target = CreateCompatibleDC(source);
+    const HBITMAP bitmap = CreateDIBSection(target, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const HGDIOBJ old = SelectObject(target, bitmap);
+    BitBlt(target, 0, 0, picture.width, picture.height, source, screen.left, screen.top, SRCCOPY);
+    GdiFlush();
+    for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+        const auto value = static_cast<const std::uint32_t*>(bits)[i];
+        picture.pixels[i] = RGB(value >> 16 & 0xFF, value >> 8 & 0xFF, value & 0xFF);
+    }
+    SelectObject(target, old);
+    DeleteObject(bitmap);
+    DeleteDC(target);
+    ReleaseDC(nullptr, source);
+    return picture;
+}
+
+Picture TakePicture(HWND window) {
+    RECT bounds{};
+    GetWindowRect(window, &bounds);
+    return TakePicture(bounds);
+}
+
+void SavePicture(const Picture& picture, const std::string& path) {
+    const int rowBytes = (picture.width * 3 + 3) / 4 * 4;
+    BITMAPINFOHEADER format{};
+    format.biSize = sizeof format;
+    format.biWidth = picture.width;
+    format.biHeight = picture.height;
+    format.biPlanes = 1;
+    format.biBitCount = 24;
+    BITMAPFILEHEADER file{};
+    file.bfType = 0x4D42;
+    file.bfOffBits = sizeof file + sizeof format;
+    file.bfSize = file.bfOffBits + rowBytes * picture.height;
+    std::ofstream out(path, std::ios::binary);
+    out.write(reinterpret_cast<const char*>(&file), sizeof file);
+    out.write(reinterpret_cast<const char*>(&format), sizeof format);
+    std::string row(rowBytes, '\0');
+    for (int y = picture.height - 1; y >= 0; --y) {
+        for (int x = 0; x < picture.width; ++x) {
+            const COLORREF colour = picture.At(x, y);
+            row[3 * x] = static_cast<char>(GetBValue(colour));
+            row[3 * x + 1] = static_cast<char>(GetGValue(colour));
+            row[3 * x + 2] = static_cast<char>(GetRValue(colour));
+        }
+        out.write(row.data(), rowBytes);
+    }
+    if (!out.flush())
+        throw NotSeen("a picture to be written to " + path);
+}
+
+}  // namespace driver

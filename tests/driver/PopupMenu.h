@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "tests/driver/Application.h"
+
+namespace driver {
+
+/// A popup menu that is open. Positions count from 0, separators included. Every operation throws NotSeen.
+class PopupMenu {
+public:
+    /// Waits for the menu of the application.
+    explicit PopupMenu(const Application& application);
+
+    HWND Window() const { return window_; }
+    int Count() const;
+    bool IsSeparator(int position) const;
+    bool IsEnabled(int position) const;
+    std::string Text(int position) const;
+    /// The command that the menu gives for a position.
+    UINT Command(int position) const;
+    /// Screen pixels of an item.
+    RECT Bounds(int position) const;
+
+    /// Takes an item with the keyboard, and waits until the menu is gone. Throws for an item that is grayed.
+    void Choose(int position) const;
+    /// Moves the highlight to an item with the arrow keys.
+    void Highlight(int position) const;
+    /// Closes the menu without a choice.
+    void Escape() const;
+
+private:
+    HWND window_;
+    HMENU menu_;
+};
+
+}  // namespace driver
