@@ -66,7 +66,8 @@ private:
 class HandWrittenObject : public Members {
 public:
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
-        constexpr const wchar_t* members[] = {L"Initialised", L"UserData", L"AssertFail", L"GetLocalizedString"};
+        constexpr const wchar_t* members[] = {L"Initialised", L"UserData", L"AssertFail",
+                                              L"GetLocalizedString"};
         for (DISPID id = 1; id <= 4; ++id) {
             if (_wcsicmp(names[0], members[id - 1]) == 0) {
                 *ids = id;

@@ -1,18 +1,38 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace nux::bench {
 
-/// Seconds that a piece of work takes, by the clock on the wall.
+/// Runs from its making on.
+class Stopwatch {
+public:
+    /// By the clock on the wall.
+    double Seconds() const {
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+/// Seconds that a piece of work takes.
 double SecondsOf(const std::function<void()>& work);
 
-/// One side of a comparison: does its work once and answers the seconds that count. What it prepares and clears
-/// away does not count.
-using Contestant = std::function<double()>;
+/// One side of a comparison: does its work once and answers the seconds that count. What it prepares and
+/// clears away does not count.
+struct Contestant {
+    template <class Work>
+    Contestant(Work doWork, bool isSlow = false) : work(std::move(doWork)), slow(isSlow) {}
+
+    std::function<double()> work;
+    bool slow;  ///< works in one round only, the first that counts
+};
 
 /// The seconds of all rounds of one contestant.
 class Times {
@@ -22,22 +42,22 @@ public:
     /// The quickest round: what the work takes when the machine is left alone.
     double Best() const;
 
-    double operator[](std::size_t round) const { return seconds_[round]; }
-    std::size_t Rounds() const { return seconds_.size(); }
+    const std::vector<double>& Rounds() const { return seconds_; }
 
 private:
     std::vector<double> seconds_;
 };
 
-/// Lets the contestants work in turn, round after round, so that a busy moment of the machine meets all of them.
-/// A first round that does not count loads code and fills caches. Results in the order of the contestants.
+/// Lets the contestants work in turn, round after round, so that a busy moment of the machine meets all of
+/// them. A first round that does not count loads code and fills caches. Results in the order of the
+/// contestants.
 std::vector<Times> MeasureInTurn(int rounds, const std::vector<Contestant>& contestants);
 
 /// How often the quickest round of `floor` fits into that of `ours`.
 double Ratio(const Times& ours, const Times& floor);
 
-/// The ratios of the single rounds, from the middle of the lower half to the middle of the upper half: what an
-/// accident of one round can't move.
+/// The ratios of the single rounds, from the middle of the lower half to the middle of the upper half: what
+/// an accident of one round can't move.
 std::string Spread(const Times& ours, const Times& floor);
 
 // Cells of a printed table.

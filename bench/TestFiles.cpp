@@ -89,4 +89,39 @@ std::string CatalogueFile(std::size_t parts) {
     return file + "</Catalog>\n";
 }
 
+std::string PartKind(std::size_t i) {
+    return Numbered("Guide pillar, kind %02u", i % partKinds);
+}
+
+SizeFile::SizeFile(std::size_t rows) : xml(declaration), keys(rows) {
+    for (std::size_t i = 0; i < rows; ++i)
+        keys[i] = static_cast<int>(i / 2);
+    std::shuffle(keys.begin(), keys.end(), std::mt19937(30));
+    xml += "<Dimensions>\n";
+    for (std::size_t i = 0; i < rows; ++i) {
+        const auto key = static_cast<std::size_t>(keys[i]);
+        const std::string values[dimensions] = {
+            PartKind(key),
+            i % 2 == 0 ? "12" : "16",
+            Numbered("%u", 20 + key % 200),
+            Numbered("%u.5", 10 + key),
+            Numbered("GP-%06u", key),
+            Numbered("%u", 6 + key % 12),
+            Numbered("%u.25", key % 40),
+            Numbered("0.%02u", 1 + key % 90),
+            Numbered("%u", 100 + 5 * (key % 30)),
+            Numbered("%u", 1 + key % 8),
+        };
+        std::string elements;
+        xml += "<Size";
+        for (int dimension = 0; dimension < dimensions; ++dimension) {
+            const std::string name = Numbered("D%u", static_cast<std::size_t>(dimension));
+            xml += " " + name + "=\"" + values[dimension] + "\"";
+            elements += "<" + name + ">" + values[dimension] + "</" + name + ">";
+        }
+        xml += ">" + elements + "</Size>\n";
+    }
+    xml += "</Dimensions>\n";
+}
+
 }  // namespace nux::bench

@@ -1,5 +1,5 @@
-// Property reads and method calls of the registered component, from C++ and from JScript, against bare automation
-// objects.
+// Property reads and method calls of the registered component, from C++ and from JScript, against bare
+// automation objects.
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 // The document layer and the message tables, against the same calls of the bare DOM.
 //
-//     documents FOLDER
+//     bench_documents FOLDER
 //
 // FOLDER, with its closing separator, takes the files that are made for it.
 
@@ -11,7 +11,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <optional>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "bench/Measurement.h"
 #include "bench/TestFiles.h"
@@ -34,8 +37,8 @@ void Require(bool condition, const char* what) {
 /// What any program has to do to get a document.
 ComPtr<IXMLDOMDocument> LoadBare(const std::string& url) {
     ComPtr<IXMLDOMDocument> document;
-    Require(SUCCEEDED(CoCreateInstance(CLSID_DOMDocument30, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
-                                       document.ReceiveVoid())),
+    Require(SUCCEEDED(CoCreateInstance(CLSID_DOMDocument30, nullptr, CLSCTX_INPROC_SERVER,
+                                       IID_IXMLDOMDocument, document.ReceiveVoid())),
             "no DOM");
     document->put_async(VARIANT_FALSE);
     Variant source;
@@ -46,106 +49,138 @@ ComPtr<IXMLDOMDocument> LoadBare(const std::string& url) {
     return document;
 }
 
+void Row(Table& table, const std::string& wanted, const std::string& what, const Times& ours,
+         const Times& floor) {
+    table.Row({Factor(Ratio(ours, floor)), wanted, what, Duration(ours.Best()), Duration(floor.Best()),
+               Spread(ours, floor)});
+}
+
 double SecondsOfBareLoad(const std::string& url) {
     ComPtr<IXMLDOMDocument> document;
     return SecondsOf([&] { document = LoadBare(url); });
 }
 
 void CompareLoads(Table& table, const char* size, std::size_t parts) {
-    const std::string name = "load.xml";
-    WriteFile(name, CatalogueFile(parts));
-    const std::string url = TestUrl(name);
-    constexpr int hits = 10000;
-    const auto times = MeasureInTurn(15, {
-        [&] { return SecondsOfBareLoad(url); },
-        [&] {
-            ComPtr<IXMLDOMDocument> document;
-            const double seconds =
-                SecondsOf([&] { Require(LoadXMLDocument(url, document.Receive()), "load failed"); });
-            ClearXMLDocumentCache();
-            return seconds;
-        },
-        [&] {
-            ComPtr<IXMLDOMDocument> document;
-            LoadXMLDocument(url, document.Receive());
-            const double seconds = SecondsOf([&] {
-                for (int i = 0; i < hits; ++i)
-                    LoadXMLDocument(url, document.Receive());
-            });
-            ClearXMLDocumentCache();
-            return seconds / hits;
-        }});
-    const std::string file = std::string(" of a file of ") + size;
-    table.Row({Factor(Ratio(times[1], times[0])), "", "`LoadXMLDocument`, miss," + file,
-               Duration(times[1].Best()), Duration(times[0].Best()), Spread(times[1], times[0])});
-    table.Row({Factor(Ratio(times[2], times[0])), "", "`LoadXMLDocument`, hit," + file,
-               Duration(times[2].Best()), Duration(times[0].Best()), Spread(times[2], times[0])});
+    WriteFile("load.xml", CatalogueFile(parts));
+    const std::string url = TestUrl("load.xml");
+    const auto miss = [&] {
+        ComPtr<IXMLDOMDocument> document;
+        const double seconds = SecondsOf([&] { LoadXMLDocument(url, document.Receive()); });
+        Require(static_cast<bool>(document), "load failed");
+        ClearXMLDocumentCache();
+        return seconds;
+    };
+    const auto hit = [&] {
+        constexpr int hits = 10000;
+        ComPtr<IXMLDOMDocument> document;
+        LoadXMLDocument(url, document.Receive());
+        const double seconds = SecondsOf([&] {
+            for (int i = 0; i < hits; ++i)
+                LoadXMLDocument(url, document.Receive());
+        });
+        ClearXMLDocumentCache();
+        return seconds / hits;
+    };
+    const auto times = MeasureInTurn(15, {[&] { return SecondsOfBareLoad(url); }, miss, hit});
+    const std::string file = std::string(", a file of ") + size;
+    Row(table, "", "`LoadXMLDocument`, miss" + file, times[1], times[0]);
+    Row(table, "", "`LoadXMLDocument`, hit" + file, times[2], times[0]);
 }
 
 void CompareMessages(Table& table, bool shuffled) {
     constexpr std::size_t entries = 100000;
     constexpr int rounds = 7;
-    const std::string order = shuffled ? "shuffled" : "sorted";
-    const std::string catalogue = "Bench" + order;
     const std::string folder = "locale\\" + InterfaceLanguage() + "\\";
-    const std::string text = MessageFile(entries, shuffled);
+    const std::string xml = MessageFile(entries, shuffled);
 
     // A catalogue's table is built once in a process: each round asks for a catalogue of its own.
+    std::string catalogue;
+    std::string file;
     int round = 0;
-    std::string current;
-    const auto times = MeasureInTurn(rounds, {
-        [&] {
-            if (!current.empty())
-                DeleteFileA(TestPath(folder + current + "_Msgs.xml").c_str());
-            current = catalogue + std::to_string(round++);
-            WriteFile(folder + current + "_Msgs.xml", text);
-            return SecondsOfBareLoad(TestUrl(folder + current + "_Msgs.xml"));
-        },
-        [&] {
-            const double seconds = SecondsOf([&] {
-                Require(GetLocalizedMessage(current, MessageId(77)) == Translation(77), "wrong translation");
-            });
-            ClearXMLDocumentCache();
-            return seconds;
-        },
-        [&] {
-            const ComPtr<IXMLDOMDocument> document = LoadBare(TestUrl(folder + current + "_Msgs.xml"));
-            return SecondsOf([&] { MessageTable::Read(document.Get()); });
-        }});
-    DeleteFileA(TestPath(folder + current + "_Msgs.xml").c_str());
-
-    const std::string what = " of 100,000 messages, file " + order;
-    table.Row({Factor(Ratio(times[2], times[0])), "1.5", "Reading the table" + what + ", alone",
-               Duration(times[2].Best()), Duration(times[0].Best()), Spread(times[2], times[0])});
-    table.Row({Factor(Ratio(times[1], times[0])), "", "First `GetLocalizedMessage`" + what + ": load and read",
-               Duration(times[1].Best()), Duration(times[0].Best()), Spread(times[1], times[0])});
+    const auto load = [&] {
+        if (!file.empty())
+            DeleteFileA(TestPath(file).c_str());
+        catalogue = (shuffled ? "Shuffled" : "Sorted") + std::to_string(round++);
+        file = folder + catalogue + "_Msgs.xml";
+        WriteFile(file, xml);
+        return SecondsOfBareLoad(TestUrl(file));
+    };
+    const auto loadAndRead = [&] {
+        std::string text;
+        const double seconds = SecondsOf([&] { text = GetLocalizedMessage(catalogue, MessageId(77)); });
+        Require(text == Translation(77), "wrong translation");
+        ClearXMLDocumentCache();
+        return seconds;
+    };
+    const auto read = [&] {
+        const ComPtr<IXMLDOMDocument> document = LoadBare(TestUrl(file));
+        std::optional<MessageTable> messages;
+        return SecondsOf([&] { messages.emplace(MessageTable::Read(document.Get())); });
+    };
+    const auto building = MeasureInTurn(rounds, {load, loadAndRead, read});
+    DeleteFileA(TestPath(file).c_str());
+    const std::string what = " of 100,000 messages, file " + std::string(shuffled ? "shuffled" : "sorted");
+    Row(table, "1.5", "Building the table" + what + ": load and read", building[1], building[0]);
+    Row(table, "", "Building the table" + what + ": read alone", building[2], building[0]);
 
     std::vector<std::string> ids;
     for (std::size_t i = 0; i < entries; ++i)
         ids.push_back(MessageId(i * 7919 % entries));
     std::size_t bytes = 0;
-    const auto lookups = MeasureInTurn(rounds, {
-        [&] {
+    const auto lookup = [&] {
+        return SecondsOf([&] {
+                   for (const std::string& id : ids)
+                       bytes += GetLocalizedMessage(catalogue, id).size();
+               }) /
+               entries;
+    };
+    const Times lookups = MeasureInTurn(rounds, {lookup})[0];
+    Require(bytes == (rounds + 1) * entries * Translation(0).size(), "messages without a translation");
+    Times allowed;
+    for (std::size_t i = 0; i < lookups.Rounds().size(); ++i)
+        allowed.Add(2e-6);
+    Row(table, "1", "One message" + what + ", against 2 microseconds", lookups, allowed);
+}
+
+void CompareComponents(Table& table) {
+    constexpr std::size_t parts = 10000;
+    WriteFile("Catalog.xml", CatalogueFile(parts));
+    const ComPtr<IXMLDOMDocument> document = LoadBare(TestUrl("Catalog.xml"));
+    const ComPtr<IXMLDOMNode> root = GetRootNode(document.Get());
+    const auto compare = [&](const char* which, const std::string& id, bool found) {
+        const int times = 20;
+        const auto bare = [&] {
             return SecondsOf([&] {
-                       for (const std::string& id : ids)
-                           bytes += std::string(id).size();
-                   }) / entries;
-        },
-        [&] {
+                       for (int i = 0; i < times; ++i) {
+                           ComPtr<IXMLDOMNode> part;
+                           root->selectSingleNode(Bstr("//Part[ID='" + id + "']", CP_THREAD_ACP).Get(),
+                                                  part.Receive());
+                           Require(static_cast<bool>(part) == found, "wrong part");
+                       }
+                   }) /
+                   times;
+        };
+        const auto ours = [&] {
             return SecondsOf([&] {
-                       for (const std::string& id : ids)
-                           bytes += GetLocalizedMessage(current, id).size();
-                   }) / entries;
-        }});
-    Require(bytes != 0, "nothing found");
-    table.Row({Factor(lookups[1].Best() / 2e-6), "1", "One `GetLocalizedMessage`" + what, 
-               Duration(lookups[1].Best()), "2 us allowed", Spread(lookups[1], lookups[0])});
+                       for (int i = 0; i < times; ++i)
+                           Require(static_cast<bool>(FindComponentNode("", id)) == found, "wrong part");
+                   }) /
+                   times;
+        };
+        const auto seconds = MeasureInTurn(7, {bare, ours});
+        Row(table, "", std::string("`FindComponentNode` among 10,000 parts, ") + which, seconds[1],
+            seconds[0]);
+    };
+    compare("the first", PartId(0), true);
+    compare("the last", PartId(parts - 1), true);
+    compare("one that is missing", "none", false);
+    ClearXMLDocumentCache();
 }
 
 }  // namespace
 
 int main(int count, char** arguments) try {
-    Require(count == 2, "usage: documents FOLDER");
+    Require(count == 2, "usage: bench_documents FOLDER");
     SetTestFolder(arguments[1]);
     OleInitialize(nullptr);
     MakeFolder("locale");
@@ -153,12 +188,14 @@ int main(int count, char** arguments) try {
     Installation().gui = TestPath("gui\\");
     Installation().catalog = TestPath("");
     InitEnvironment();
-    Require(InterfaceLanguage() == "English_United_States", "not the language of this bench");
-    Table table({"Ratio", "Wanted", "Work", "Ours", "Floor", "Rounds"});
+    Require(InterfaceLanguage() == "English_United_States", "not the language of this program");
+    Heading("Documents and messages against the bare DOM");
+    Table table({"Ours / floor", "At most", "Work", "Ours", "Floor", "Ours / floor by round"});
     CompareLoads(table, "20 kB", 220);
     CompareLoads(table, "1 MB", 11000);
     CompareMessages(table, false);
     CompareMessages(table, true);
+    CompareComponents(table);
     return EXIT_SUCCESS;
 } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());

@@ -1,7 +1,7 @@
 # Sourced by the root's commands: installs what they need on Debian 12, if it is missing.
 
 packages=(
-    cmake ninja-build make g++ clang-format python3
+    git cmake ninja-build make g++ clang-format python3
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
     libwine-dev libwine wine wine64 fonts-wine fonts-liberation
     googletest xvfb xdotool imagemagick

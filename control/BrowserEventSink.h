@@ -7,8 +7,8 @@
 
 namespace nux {
 
-/// The control's sink of browser events. It lives inside its owner and shares the owner's reference count, but
-/// is an object of its own to whoever asks it for interfaces. No event has an effect.
+/// The control's sink of browser events. It lives inside its owner and shares the owner's reference count,
+/// but is an object of its own to whoever asks it for interfaces. No event has an effect.
 class BrowserEventSink final : public DWebBrowserEvents2 {
 public:
     explicit BrowserEventSink(IUnknown& owner) noexcept : owner_(owner) {}

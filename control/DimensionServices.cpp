@@ -22,8 +22,8 @@ std::string NameOrDefault(BSTR id) {
 }  // namespace
 
 STDMETHODIMP nuxStdParts::ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDispatch* NamesDisp,
-                                           VARIANT DefaultValuesVar, VARIANT StdDimensionVar, VARIANT UsrDimensionVar,
-                                           IDispatch** ChosenDimensions) {
+                                           VARIANT DefaultValuesVar, VARIANT StdDimensionVar,
+                                           VARIANT UsrDimensionVar, IDispatch** ChosenDimensions) {
     if (!NamesDisp)
         return E_INVALIDARG;
     const ComPtr<IXMLDOMNodeList> names = Query<IXMLDOMNodeList>(NamesDisp, IID_IXMLDOMNodeList);
@@ -35,8 +35,8 @@ STDMETHODIMP nuxStdParts::ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDi
         !TakeObject(UsrDimensionVar, IID_IXMLDOMNodeList, usrRows))
         return E_INVALIDARG;
     return Guarded([&] {
-        nuxChooseStdDims dialog(NameOrDefault(CatalogID), NameOrDefault(ComponentID), names.Get(), defaults.Get(),
-                                stdRows.Get(), usrRows.Get());
+        nuxChooseStdDims dialog(NameOrDefault(CatalogID), NameOrDefault(ComponentID), names.Get(),
+                                defaults.Get(), stdRows.Get(), usrRows.Get());
         if (dialog.Run(GetActiveWindow()) == IDOK && ChosenDimensions)
             dialog.ChosenRow().CopyTo(ChosenDimensions);
         return S_OK;

@@ -15,8 +15,8 @@ HRESULT HandOutDocument(const std::string& url, IDispatch** out) {
     return S_OK;
 }
 
-/// Hands out the root element of the document of a URL. E_FAIL if there is no document, S_OK and null if it has
-/// no root.
+/// Hands out the root element of the document of a URL. E_FAIL if there is no document, S_OK and null if it
+/// has no root.
 HRESULT HandOutRoot(const std::string& url, IDispatch** out) {
     ComPtr<IXMLDOMDocument> document;
     if (!LoadXMLDocument(url, document.Receive()))
@@ -40,7 +40,7 @@ STDMETHODIMP nuxStdParts::SetTRNVPaths(BSTR CatalogPath, BSTR DataPath, BSTR GUI
         m_GUIPath = Narrow(GUIPath);
         m_CustomDimsPath = Narrow(CustomDimsPath);
         Installation() = {m_CatalogPath, m_DataPath, m_GUIPath, m_CustomDimsPath};
-        SetHost3D(m_3D.Get());
+        SetHost3D(this, m_3D.Get());
         return InitEnvironment() ? S_OK : E_FAIL;
     });
 }

@@ -1,4 +1,5 @@
 #include <cwchar>
+#include <limits>
 
 #include "control/DispatchProperty.h"
 #include "control/nuxStdParts.h"
@@ -30,6 +31,9 @@ struct ArrayTraits {
     static void Close(Type array) noexcept { SafeArrayDestroy(array); }
 };
 using UniqueArray = UniqueHandle<ArrayTraits>;
+
+/// Not every platform refuses an array that is longer than its memory can be: some make it too short.
+constexpr long longestArray = std::numeric_limits<long>::max() / long{sizeof(VARIANT)};
 
 /// Copies the elements of a script's array, found by their index as name. Fails at the first that is missing.
 HRESULT CopyElements(IDispatch* source, SAFEARRAY* target, long count) noexcept {
@@ -89,8 +93,8 @@ STDMETHODIMP nuxStdParts::SaveFile(BSTR FileName, BSTR Data) {
     return Guarded([&]() -> HRESULT {
         const std::string path = Narrow(FileName);
         const std::string text = Narrow(Data);
-        const UniqueFile file(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
-                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+        const UniqueFile file(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                          CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!file)
             return E_FAIL;
         DWORD written = 0;
@@ -124,12 +128,15 @@ STDMETHODIMP nuxStdParts::get_GlobalData(VARIANT* pVal) {
 }
 
 STDMETHODIMP nuxStdParts::put_GlobalData(VARIANT newVal) {
-    const HRESULT copied = VariantCopy(&m_GlobalData, &newVal);
+    // A script may hand over a reference to its variable, which the field would outlive: the value itself is
+    // kept.
+    Variant value;
+    const HRESULT copied = VariantCopyInd(&value, &newVal);
     if (FAILED(copied)) {
-        VariantClear(&m_GlobalData);
-        m_GlobalData.vt = VT_ERROR;
-        m_GlobalData.scode = copied;
+        value.vt = VT_ERROR;
+        value.scode = copied;
     }
+    m_GlobalData.Swap(value);  // the old value goes last: its release may call back
     return copied;
 }
 
@@ -140,6 +147,8 @@ STDMETHODIMP nuxStdParts::JSArray2SafeArray(IDispatch* JSArray, VARIANT* SafeArr
     Variant length;
     if (FAILED(GetDispatchProperty(JSArray, L"length", &length)) || length.vt != VT_I4)
         return E_INVALIDARG;
+    if (length.lVal < 0 || length.lVal > longestArray)
+        return E_FAIL;
     SAFEARRAYBOUND bound{static_cast<ULONG>(length.lVal), 0};
     UniqueArray array(SafeArrayCreate(VT_VARIANT, 1, &bound));
     if (!array || FAILED(CopyElements(JSArray, array.Get(), length.lVal)))
@@ -172,10 +181,15 @@ STDMETHODIMP nuxStdParts::get_LifterWizard(IDispatch** pVal) {
     if (!pVal)
         return E_INVALIDARG;
     *pVal = nullptr;
-    if (!m_LifterWizard &&
-        FAILED(CoCreateInstance(CLSID_nuxLifterWizard, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER,
-                                IID_IDispatch, m_LifterWizard.ReceiveVoid())))
-        return S_FALSE;
+    if (!m_LifterWizard) {
+        ComPtr<IDispatch> wizard;
+        if (FAILED(CoCreateInstance(CLSID_nuxLifterWizard, nullptr,
+                                    CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER, IID_IDispatch,
+                                    wizard.ReceiveVoid())))
+            return S_FALSE;
+        if (!m_LifterWizard)  // making it may have called back
+            m_LifterWizard = std::move(wizard);
+    }
     m_LifterWizard.CopyTo(pVal);
     return S_OK;
 }

@@ -8,10 +8,8 @@
 #include "resources/resource.h"
 
 BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) {
+    if (reason == DLL_PROCESS_ATTACH)
         nux::SetThisModule(module);
-        DisableThreadLibraryCalls(module);
-    }
     return TRUE;
 }
 

@@ -13,10 +13,14 @@ HRESULT GetSizes(VARIANT& sizes, VARIANT* pVal) noexcept {
     return VariantCopy(pVal, &sizes);
 }
 
-HRESULT PutSizes(VARIANT& sizes, VARIANT& newVal) noexcept {
+HRESULT PutSizes(Variant& sizes, VARIANT& newVal) noexcept {
     if (newVal.vt != variantArray)
         return E_INVALIDARG;
-    return VariantCopy(&sizes, &newVal);
+    Variant copy;
+    const HRESULT copied = VariantCopy(&copy, &newVal);
+    if (SUCCEEDED(copied))
+        sizes.Swap(copy);  // the old value goes last: the release of its elements may call back
+    return copied;
 }
 
 HRESULT GetText(const std::string& text, VARIANT* pVal) noexcept {
@@ -61,8 +65,9 @@ STDMETHODIMP nuxDataManager::put_CorePlateSizes(VARIANT newVal) {
 }
 
 STDMETHODIMP nuxDataManager::ClearData() {
-    VariantClear(&m_CavityPlateSizes);
-    VariantClear(&m_CorePlateSizes);
+    Variant cavity, core;  // what they take over goes last: the release of its elements may call back
+    m_CavityPlateSizes.Swap(cavity);
+    m_CorePlateSizes.Swap(core);
     return S_OK;
 }
 

@@ -8,8 +8,8 @@
 
 namespace nux {
 
-/// Values that pages hand to one another while the host runs: sizes of the cavity and core plates, name of the
-/// catalogue, units.
+/// Values that pages hand to one another while the host runs: sizes of the cavity and core plates, name of
+/// the catalogue, units.
 class nuxDataManager : public Dispatch<InuxDataManager, &IID_InuxDataManager> {
 public:
     /// Get: E_INVALIDARG for a null pointer, E_FAIL unless an array was put.

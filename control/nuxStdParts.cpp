@@ -35,10 +35,11 @@ HRESULT HandOut(const ComPtr<Interface>& object, IDispatch** pVal) noexcept {
 nuxStdParts::nuxStdParts()
     : OleControl(ControlWindowClass(), identity), m_DataManager(MakeObject<nuxDataManager>().Get()) {}
 
-nuxStdParts::~nuxStdParts() {
+void nuxStdParts::OnLastRelease() noexcept {
+    InPlaceDeactivate();
     RevokeActiveObject(m_ActiveObjectCookie, nullptr);
     m_EditedComponent.Reset();
-    WithdrawHost3D(m_3D.Get());
+    WithdrawHost3D(this);
     m_3D.Reset();
     m_DataManager.Reset();
     m_LifterWizard.Reset();
@@ -60,9 +61,10 @@ STDMETHODIMP nuxStdParts::SetExternalDispatch(IDispatch* pDisp) {
     if (!pDisp)
         return E_INVALIDARG;
     m_Initialised = 1;
-    if (!Query<Inux3DReady>(m_3D.Get(), IID_Inux3DReady))
+    const ComPtr<IDispatch> side = m_3D;  // the host may replace it while it is asked
+    if (!side.As<Inux3DReady>(IID_Inux3DReady))
         return E_FAIL;
-    const ComPtr<Inux3D> host = m_3D.As<Inux3D>(IID_Inux3D);
+    const ComPtr<Inux3D> host = side.As<Inux3D>(IID_Inux3D);
     if (!host)
         return E_FAIL;
     host->AttachHost(pDisp);
@@ -80,7 +82,7 @@ STDMETHODIMP nuxStdParts::get_nux3D(IDispatch** pVal) {
 
 STDMETHODIMP nuxStdParts::put_nux3D(IDispatch* newVal) {
     if (newVal != m_3D.Get())
-        WithdrawHost3D(m_3D.Get());
+        WithdrawHost3D(this);
     m_3D = ComPtr<IDispatch>(newVal);
     return S_OK;
 }

@@ -16,14 +16,13 @@ namespace nux {
 /// The automation object: a control without a surface of its own, created by the host and called by the host
 /// and by the scripts of wizard pages. All calls come on the thread of its apartment.
 ///
-/// Use it in this order, which nothing enforces: set `nux3D`, SetExternalDispatch, SetTRNVPaths, then the rest.
-/// Strings are narrow inside, in the thread's ANSI code page. Out strings replace the caller's string, which
-/// must be initialised. Unless told otherwise an operation returns S_OK, E_INVALIDARG for a null out pointer,
-/// and E_OUTOFMEMORY when memory runs out.
+/// Use it in this order, which nothing enforces: set `nux3D`, SetExternalDispatch, SetTRNVPaths, then the
+/// rest. Strings are narrow inside, in the thread's ANSI code page. Out strings and values replace the
+/// caller's, which must be initialised. Unless told otherwise an operation returns S_OK, E_INVALIDARG for a
+/// null out pointer, and E_OUTOFMEMORY when memory runs out.
 class nuxStdParts : public Dispatch<InuxStdParts, &IID_InuxStdParts>, public OleControl {
 public:
     nuxStdParts();
-    ~nuxStdParts() override;
 
     // The host and the object's own state: nuxStdParts.cpp
 
@@ -50,12 +49,13 @@ public:
     // Installation paths and documents: InstallationServices.cpp
 
     /// Takes the four paths as they stand, each with its closing separator, and starts the environment.
-    /// `nux3D` must be set before. @return E_FAIL if the environment did not start; the paths are set then too
+    /// `nux3D` must be set before. @return E_FAIL if the environment did not start; the paths are set then
+    /// too
     STDMETHODIMP SetTRNVPaths(BSTR CatalogPath, BSTR DataPath, BSTR GUIPath, BSTR CustomDimsPath) override;
     /// The document of a catalogue's "Catalog.xml", shared with all who ask for it. E_FAIL if there is none.
     STDMETHODIMP GetComponentsDocument(BSTR CatalogID, IDispatch** Document) override;
-    /// Root element of a component's standard dimension file. E_FAIL if the file can't be loaded; S_OK and null
-    /// for a document without a root.
+    /// Root element of a component's standard dimension file. E_FAIL if the file can't be loaded; S_OK and
+    /// null for a document without a root.
     STDMETHODIMP GetStdDimensionNode(BSTR CatalogID, BSTR ComponentID, IDispatch** Node) override;
     /// The same for the user's dimension file, which is read afresh at each call.
     STDMETHODIMP GetUsrDimensionNode(BSTR CatalogID, BSTR ComponentID, IDispatch** Node) override;
@@ -98,18 +98,21 @@ public:
     // Choice of a size: DimensionServices.cpp
 
     /// Lets the user pick one size of a component in a modal dialog over the active window.
-    /// @param CatalogID         catalogue whose messages translate the texts; with ComponentID what layout and filters
+    /// @param CatalogID         catalogue whose messages translate the texts; with ComponentID what layout
+    /// and filters
     ///                          are remembered by; "Default" stands in for an empty one
     /// @param NamesDisp         IXMLDOMNodeList with one node for each dimension: name and caption
     /// @param DefaultValuesVar  IXMLDOMNode whose children have the values of the row that is selected first
     /// @param StdDimensionVar   IXMLDOMNodeList of the standard rows
-    /// @param UsrDimensionVar   IXMLDOMNodeList of the user's rows. Of these three, what is no VT_DISPATCH stands for
+    /// @param UsrDimensionVar   IXMLDOMNodeList of the user's rows. Of these three, what is no VT_DISPATCH
+    /// stands for
     ///                          none
-    /// @param ChosenDimensions  may be null; receives the chosen row as IXMLDOMNode or null after OK, and stays as it is
+    /// @param ChosenDimensions  may be null; receives the chosen row as IXMLDOMNode or null after OK, and
+    /// stays as it is
     ///                          after Cancel
     /// @return E_INVALIDARG, without a dialog, for names that are null or an object that lacks its interface
-    STDMETHODIMP ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDispatch* NamesDisp, VARIANT DefaultValuesVar,
-                                  VARIANT StdDimensionVar, VARIANT UsrDimensionVar,
+    STDMETHODIMP ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDispatch* NamesDisp,
+                                  VARIANT DefaultValuesVar, VARIANT StdDimensionVar, VARIANT UsrDimensionVar,
                                   IDispatch** ChosenDimensions) override;
 
     // Operations that this version does not offer yet.
@@ -132,7 +135,9 @@ public:
     STDMETHODIMP put_StatusBar(IDispatch*) override { return E_NOTIMPL; }
     STDMETHODIMP UnLoadStatusBar() override { return E_NOTIMPL; }
     STDMETHODIMP TRNVExportDlg(long, BSTR*) override { return E_NOTIMPL; }
-    STDMETHODIMP MessageBoxHTML(BSTR, BSTR, long, VARIANT_BOOL, long, long, long*) override { return E_NOTIMPL; }
+    STDMETHODIMP MessageBoxHTML(BSTR, BSTR, long, VARIANT_BOOL, long, long, long*) override {
+        return E_NOTIMPL;
+    }
     STDMETHODIMP ShowHTMLModelessDialog(BSTR, BSTR, long, long, long, long, VARIANT, IDispatch**) override {
         return E_NOTIMPL;
     }
@@ -143,6 +148,9 @@ public:
 
 protected:
     void* FindInterface(REFIID iid) noexcept;
+    /// Lets go of all that belongs to others, clears the log file and empties the document cache. Here and
+    /// not in the destructor, since a host that is let go of may still call in.
+    void OnLastRelease() noexcept;
 
 private:
     ComPtr<InuxEditedComponent> m_EditedComponent;

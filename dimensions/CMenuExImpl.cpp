@@ -85,8 +85,9 @@ void CMenuExImpl::Draw(const DRAWITEMSTRUCT& item) const noexcept {
     const int y = (item.rcItem.top + item.rcItem.bottom - smallIconSize) / 2;
     // The picture of a greyed item is mixed with the menu's colour, as pale as its text.
     const bool greyed = (item.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0;
-    ImageList_DrawEx(images_.Get(), static_cast<int>(item.itemData), item.hDC, x, y, smallIconSize, smallIconSize,
-                     CLR_NONE, GetSysColor(COLOR_MENU), greyed ? ILD_TRANSPARENT | ILD_BLEND50 : ILD_TRANSPARENT);
+    ImageList_DrawEx(images_.Get(), static_cast<int>(item.itemData), item.hDC, x, y, smallIconSize,
+                     smallIconSize, CLR_NONE, GetSysColor(COLOR_MENU),
+                     greyed ? ILD_TRANSPARENT | ILD_BLEND50 : ILD_TRANSPARENT);
 }
 
 }  // namespace nux

@@ -9,8 +9,8 @@
 
 namespace nux {
 
-/// A popup menu with a picture of 16 by 16 pixels beside some of its items. The system draws the items themselves,
-/// so that they look and read like those of any menu; only the pictures are drawn here.
+/// A popup menu with a picture of 16 by 16 pixels beside some of its items. The system draws the items
+/// themselves, so that they look and read like those of any menu; only the pictures are drawn here.
 class CMenuExImpl : private SubclassedWindow {
 public:
     /// @param images  the pictures; without one the menu has texts only

@@ -49,8 +49,10 @@ void ChooserSettings::SetFilter(const std::string& caption, const nuxDimFilter& 
         registry_.SetStringValue(key, ColumnValues::filterString, filter.Text());
         return;
     }
-    registry_.SetStringValue(key, ColumnValues::lowerLimit, FormatDimNumber(filter.Lower(), DecimalSeparator()));
-    registry_.SetStringValue(key, ColumnValues::upperLimit, FormatDimNumber(filter.Upper(), DecimalSeparator()));
+    registry_.SetStringValue(key, ColumnValues::lowerLimit,
+                             FormatDimNumber(filter.Lower(), DecimalSeparator()));
+    registry_.SetStringValue(key, ColumnValues::upperLimit,
+                             FormatDimNumber(filter.Upper(), DecimalSeparator()));
 }
 
 int ChooserSettings::NumberAt(const std::string& key, const char* name, int fallback) {

@@ -9,9 +9,9 @@
 
 namespace nux {
 
-/// What the dimension chooser remembers of one component, for all users of the machine. A value that is missing
-/// or of another kind reads as its default, and a write that fails is ignored. Columns are known by their
-/// captions. All operations may throw std::bad_alloc.
+/// What the dimension chooser remembers of one component, for all users of the machine. A value that is
+/// missing or of another kind reads as its default, and a write that fails is ignored. Columns are known by
+/// their captions. All operations may throw std::bad_alloc.
 class ChooserSettings {
 public:
     ChooserSettings(const std::string& catalogId, const std::string& componentId);

@@ -1,7 +1,7 @@
 #pragma once
 
-// Controls of the dialog IDD_DEFINE_FILTER, for its source and its templates only. OK and Cancel have the system's
-// identifiers.
+// Controls of the dialog IDD_DEFINE_FILTER, for its source and its templates only. OK and Cancel have the
+// system's identifiers.
 
 #define IDC_FILTER_NONE 212
 #define IDC_FILTER_EQUAL 213

@@ -36,8 +36,8 @@ bool CreateDimensionDocument(std::string folder, const std::string& fileName, IX
     if (!folder.empty() && (folder.back() == '/' || folder.back() == '\\'))
         folder.pop_back();
     const std::string url = "file://" + folder + "//" + fileName;
-    // The test looks at a name without a separator, so at another file than the URL. That is wanted: it decides
-    // when an existing file is replaced, and installations have come to rely on it.
+    // The test looks at a name without a separator, so at another file than the URL. That is wanted: it
+    // decides when an existing file is replaced, and installations have come to rely on it.
     if (FileExists(folder + fileName))
         return LoadXMLDocument(url, document);
     if (!DirectoryExists(folder) && !CreateDirectoryA(folder.c_str(), nullptr))

@@ -14,8 +14,8 @@
 namespace nux {
 
 /// The rows that stand in the chooser's list, in the order in which they were added. It owns the list's
-/// references on the row nodes, and keeps the texts of the cells for the one who needs those of many rows: asking
-/// the list for them costs as much as sorting it.
+/// references on the row nodes, and keeps the texts of the cells for the one who needs those of many rows:
+/// asking the list for them costs as much as sorting it.
 class DimensionRows {
 public:
     /// Adds a row with its cells, one for each dimension. Of a cell its first 127 bytes are kept.

@@ -26,9 +26,9 @@ struct Dimension {
     bool numeric = true;  ///< until a row that is shown proves otherwise, and never again from there on
 };
 
-/// The data of the dimension chooser's list view: one column for each dimension, behind a narrow column of markers
-/// without a text, and one row for each size that all filters accept, those of the standard source before those
-/// of the user's. A row is known by its node, which is the item's data.
+/// The data of the dimension chooser's list view: one column for each dimension, behind a narrow column of
+/// markers without a text, and one row for each size that all filters accept, those of the standard source
+/// before those of the user's. A row is known by its node, which is the item's data.
 ///
 /// `column` counts the columns of the list, so that dimensions start at 1.
 class DimensionTable {
@@ -40,8 +40,8 @@ public:
     DimensionTable(std::string catalogId, IXMLDOMNodeList* names, IXMLDOMNodeList* stdRows,
                    IXMLDOMNodeList* usrRows);
 
-    /// Makes the columns in an empty list view that nobody has subclassed yet. It is used by all that follows and
-    /// must live as long. Throws std::bad_alloc, as all that follows.
+    /// Makes the columns in an empty list view that nobody has subclassed yet. It is used by all that follows
+    /// and must live as long. Throws std::bad_alloc, as all that follows.
     void InitColumns(HWND list);
 
     int ColumnCount() const noexcept { return static_cast<int>(dimensions_.size()) + 1; }
@@ -51,8 +51,8 @@ public:
     void SetFilter(int column, const nuxDimFilter& filter) { dimensions_[column - 1].filter = filter; }
     bool AllFiltersInactive() const noexcept;
 
-    /// Deletes the rows of the list, and fills it with those of both sources that pass all filters. The caller
-    /// pauses the redrawing.
+    /// Deletes the rows of the list, and fills it with those of both sources that pass all filters. The
+    /// caller pauses the redrawing.
     void FillRows();
 
     /// The rows in the list, as they came from the sources. A sort of the list changes nothing here.
@@ -61,8 +61,8 @@ public:
     void ReleaseRows() noexcept { rows_.Clear(); }
 
     /// The distinct values of a column over all rows of both sources, be they shown or not, ascending. A row
-    /// without a child element of the dimension's name ends the gathering of its source. Empty for a column that
-    /// is none of a dimension.
+    /// without a child element of the dimension's name ends the gathering of its source. Empty for a column
+    /// that is none of a dimension.
     std::vector<double> CollectNumericValues(int column) const;
     /// The same as localised texts.
     std::vector<std::string> CollectTextValues(int column) const;
@@ -83,8 +83,8 @@ private:
     ComPtr<IXMLDOMNodeList> names_;
     ComPtr<IXMLDOMNodeList> stdRows_;
     ComPtr<IXMLDOMNodeList> usrRows_;
-    /// Sends a message past whoever has subclassed the list: on some systems a subclass costs more than all that
-    /// the list does, and a row takes a dozen messages.
+    /// Sends a message past whoever has subclassed the list: on some systems a subclass costs more than all
+    /// that the list does, and a row takes a dozen messages.
     LRESULT Send(UINT message, WPARAM wParam, void* lParam) const noexcept {
         return CallWindowProcA(listProcedure_, list_, message, wParam, reinterpret_cast<LPARAM>(lParam));
     }

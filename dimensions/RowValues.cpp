@@ -46,8 +46,9 @@ void CellText::Assign(const wchar_t* text, std::size_t length) noexcept {
     if (size_ == counting)
         return;
     // Beyond ASCII the code page decides.
-    const int written = WideCharToMultiByte(CP_THREAD_ACP, 0, text, static_cast<int>(std::min(length, longestWideText)),
-                                            bytes_.data(), static_cast<int>(bytes_.size()), nullptr, nullptr);
+    const int written =
+        WideCharToMultiByte(CP_THREAD_ACP, 0, text, static_cast<int>(std::min(length, longestWideText)),
+                            bytes_.data(), static_cast<int>(bytes_.size()), nullptr, nullptr);
     size_ = CutCellText({bytes_.data(), static_cast<std::size_t>(written)}).size();
 }
 

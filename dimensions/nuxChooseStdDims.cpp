@@ -219,8 +219,8 @@ void nuxChooseStdDims::LoadLayout() {
     ListView_SetColumnWidth(list_, 0, ColumnValues::markerWidth);
     for (int column = 1; column < table_.ColumnCount(); ++column) {
         const std::string& caption = table_.At(column).caption;
-        stored.push_back({caption.empty(), settings_.ColumnNumber(caption, ColumnValues::order,
-                                                                  ColumnValues::defaultOrder)});
+        stored.push_back({caption.empty(),
+                          settings_.ColumnNumber(caption, ColumnValues::order, ColumnValues::defaultOrder)});
         ListView_SetColumnWidth(list_, column,
                                 caption.empty() ? ColumnValues::markerWidth
                                                 : settings_.ColumnNumber(caption, ColumnValues::width,
@@ -232,7 +232,8 @@ void nuxChooseStdDims::LoadLayout() {
 
 void nuxChooseStdDims::SaveLayout() {
     const PixelRectangle window = WindowRectangle(Handle());
-    const PixelSize aboveMinimum = layout_->AboveMinimum({window.right - window.left, window.bottom - window.top});
+    const PixelSize aboveMinimum =
+        layout_->AboveMinimum({window.right - window.left, window.bottom - window.top});
     settings_.SetNumber(ChooserValues::left, window.left);
     settings_.SetNumber(ChooserValues::top, window.top);
     settings_.SetNumber(ChooserValues::widthAboveMinimum, aboveMinimum.width);

@@ -19,15 +19,18 @@
 namespace nux {
 
 /// The modal dialog in which the user picks one size of a component, from the rows of its standard and of its
-/// user's dimension file. Filters, columns and the window's place are kept in the registry for the next opening,
-/// also after Cancel. One run per object.
+/// user's dimension file. Filters, columns and the window's place are kept in the registry for the next
+/// opening, also after Cancel. One run per object.
 class nuxChooseStdDims : private Dialog {
 public:
-    /// @param catalogId    catalogue whose messages translate the texts; with componentId the name of the registry
+    /// @param catalogId    catalogue whose messages translate the texts; with componentId the name of the
+    /// registry
     ///                     key, neither may be empty
-    /// @param names        one node for each dimension: its name is that of the attribute in the rows, its text the
+    /// @param names        one node for each dimension: its name is that of the attribute in the rows, its
+    /// text the
     ///                     caption
-    /// @param defaults     child elements of the dimensions' names hold the texts of the row to select; may be null
+    /// @param defaults     child elements of the dimensions' names hold the texts of the row to select; may
+    /// be null
     /// @param stdRows      rows of the standard source, may be null
     /// @param usrRows      rows of the user's source, may be null
     nuxChooseStdDims(const std::string& catalogId, const std::string& componentId, IXMLDOMNodeList* names,

@@ -68,10 +68,15 @@ void AddChoice(HWND comboBox, const std::string& text) noexcept {
 }  // namespace
 
 LRESULT nuxDefineDimFilter::NumberField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_CHAR &&
-        (wParam > 0xff || !TakesCharacter(static_cast<char>(wParam), TextOf(Handle()), DecimalSeparator())))
-        return 0;
-    return Default(message, wParam, lParam);
+    if (message != WM_CHAR)
+        return Default(message, wParam, lParam);
+    // Enter and Escape come as characters while the list is open: they close it.
+    const bool closesList = (wParam == VK_RETURN || wParam == VK_ESCAPE) &&
+                            SendMessageA(GetParent(Handle()), CB_GETDROPPEDSTATE, 0, 0);
+    if (closesList ||
+        (wParam <= 0xff && TakesCharacter(static_cast<char>(wParam), TextOf(Handle()), DecimalSeparator())))
+        return Default(message, wParam, lParam);
+    return 0;
 }
 
 nuxDefineDimFilter::nuxDefineDimFilter(const nuxDimFilter& filter, std::vector<double> values)
@@ -160,15 +165,18 @@ void nuxDefineDimFilter::RefillUpperLimit() {
     const HWND upper = Item(IDC_UPPER_LIMIT);
     const std::string typed = TextOf(upper);
     SendMessageA(upper, CB_RESETCONTENT, 0, 0);
-    for (const std::string& choice : UpperLimitChoices(values_, TextOf(Item(IDC_LOWER_LIMIT)), DecimalSeparator()))
+    for (const std::string& choice :
+         UpperLimitChoices(values_, TextOf(Item(IDC_LOWER_LIMIT)), DecimalSeparator()))
         AddChoice(upper, choice);
     SetWindowTextA(upper, typed.c_str());
 }
 
 bool nuxDefineDimFilter::ValidateAndStore() {
     const FilterForm form{
-        CheckedOf(Handle(), types),     TextOf(Item(IDC_LOWER_LIMIT)),
-        TextOf(Item(IDC_UPPER_LIMIT)),  CheckedOf(Handle(), databases),
+        CheckedOf(Handle(), types),
+        TextOf(Item(IDC_LOWER_LIMIT)),
+        TextOf(Item(IDC_UPPER_LIMIT)),
+        CheckedOf(Handle(), databases),
         CheckedOf(Handle(), sorts).value_or(SortChoice::Ascending),
     };
     auto result = ReadFilterForm(form, defined_.filter);

@@ -15,8 +15,8 @@
 namespace nux {
 namespace {
 
-/// The sort keys of the rows, found by what the list hands to a comparison: the item's data, which is the row's
-/// node. Exchanging that data for the keys and back would take ten times as long as the sort.
+/// The sort keys of the rows, found by what the list hands to a comparison: the item's data, which is the
+/// row's node. Exchanging that data for the keys and back would take ten times as long as the sort.
 template <class Key>
 class KeysByNode {
 public:
@@ -76,8 +76,8 @@ struct TextOrder {
     }
 };
 
-/// Narrow characters are those of the thread's ANSI code page. The lower-case form of one that takes `size` bytes,
-/// or the same bytes if it has none of that size.
+/// Narrow characters are those of the thread's ANSI code page. The lower-case form of one that takes `size`
+/// bytes, or the same bytes if it has none of that size.
 template <std::size_t size>
 void Lower(char (&bytes)[size]) noexcept {
     wchar_t wide[2];

@@ -6,9 +6,9 @@
 
 namespace nux {
 
-/// Sorts the rows of the chooser's list once, by the cells of one column. The list control does the sorting with
-/// the keys and the comparison of this class; items keep their data, and the order of equal keys is whatever the
-/// control leaves.
+/// Sorts the rows of the chooser's list once, by the cells of one column. The list control does the sorting
+/// with the keys and the comparison of this class; items keep their data, and the order of equal keys is
+/// whatever the control leaves.
 class nuxLVSort {
 public:
     /// @param list     the list view

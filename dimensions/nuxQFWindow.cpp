@@ -15,7 +15,8 @@ namespace {
 constexpr DWORD frameStyle = WS_POPUP | WS_DLGFRAME;
 
 const WindowClass& FrameClass() noexcept {
-    static const WindowClass windowClass("nuxQFWindow", CS_SAVEBITS, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
+    static const WindowClass windowClass("nuxQFWindow", CS_SAVEBITS,
+                                         reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
     return windowClass;
 }
 
@@ -39,7 +40,8 @@ PixelPoint Pointer() noexcept {
 /// Puts an object into a device context, and the old one back at the end.
 class Selection {
 public:
-    Selection(HDC context, HGDIOBJ object) noexcept : context_(context), old_(SelectObject(context, object)) {}
+    Selection(HDC context, HGDIOBJ object) noexcept
+        : context_(context), old_(SelectObject(context, object)) {}
     Selection(const Selection&) = delete;
     Selection& operator=(const Selection&) = delete;
     ~Selection() { SelectObject(context_, old_); }
@@ -91,7 +93,8 @@ void nuxQFWindowChild::CreateInside(HWND pager) {
     const TEXTMETRICA metrics = MeasureListFont(Handle());
     geometry_ = QuickFilterGeometry(strings_, metrics.tmHeight, metrics.tmMaxCharWidth);
     const PixelSize size = geometry_.ListSize();
-    SetWindowPos(Handle(), nullptr, 0, 0, size.width, size.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(Handle(), nullptr, 0, 0, size.width, size.height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LRESULT nuxQFWindowChild::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -157,7 +160,8 @@ void nuxQFWindowChild::PaintRow(HDC context, int row) const {
     const COLORREF background = SetBkColor(context, GetSysColor(COLOR_HIGHLIGHT));
     const COLORREF foreground = SetTextColor(context, GetSysColor(COLOR_HIGHLIGHTTEXT));
     const RECT bounds{place.left, place.top, place.right, place.bottom};
-    ExtTextOutA(context, place.left, place.top, ETO_OPAQUE | ETO_CLIPPED, &bounds, text.c_str(), length, nullptr);
+    ExtTextOutA(context, place.left, place.top, ETO_OPAQUE | ETO_CLIPPED, &bounds, text.c_str(), length,
+                nullptr);
     DrawFocusRect(context, &bounds);
     SetBkColor(context, background);
     SetTextColor(context, foreground);
@@ -171,7 +175,8 @@ LRESULT nuxQFWindow::Pager::OnMessage(UINT message, WPARAM wParam, LPARAM lParam
     return Default(message, wParam, lParam);
 }
 
-nuxQFWindow::nuxQFWindow(std::vector<std::string> strings) : child_(*this, std::move(strings)), pager_(*this) {}
+nuxQFWindow::nuxQFWindow(std::vector<std::string> strings)
+    : child_(*this, std::move(strings)), pager_(*this) {}
 
 int nuxQFWindow::RunQuickFilter(HWND parent) {
     Create(FrameClass(), parent, {100, 100, 200, 250}, frameStyle);
@@ -194,8 +199,8 @@ void nuxQFWindow::CreatePager() {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_PAGESCROLLER_CLASS};
     InitCommonControlsEx(&classes);
     const HWND pager =
-        CreateWindowExA(0, WC_PAGESCROLLERA, "", WS_CHILD | WS_VISIBLE | PGS_VERT | PGS_AUTOSCROLL, 0, 0, 100, 150,
-                        Handle(), nullptr, ThisModule(), nullptr);
+        CreateWindowExA(0, WC_PAGESCROLLERA, "", WS_CHILD | WS_VISIBLE | PGS_VERT | PGS_AUTOSCROLL, 0, 0, 100,
+                        150, Handle(), nullptr, ThisModule(), nullptr);
     if (!pager)
         throw HResultError(E_FAIL);
     pager_.Attach(pager);
@@ -262,7 +267,8 @@ void nuxQFWindow::End(int row) noexcept {
         return;
     ended_ = true;
     result_ = row;
-    // The message that ended the gesture may have been sent from elsewhere, while the loop waits for a posted one.
+    // The message that ended the gesture may have been sent from elsewhere, while the loop waits for a posted
+    // one.
     PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 

@@ -41,15 +41,16 @@ private:
     HWND pager_ = nullptr;
 };
 
-/// A popup list for one gesture: it opens under the pointer while the user holds the right button down; the user
-/// drags to a value and lets go. One run per object.
+/// A popup list for one gesture: it opens under the pointer while the user holds the right button down; the
+/// user drags to a value and lets go. One run per object.
 class nuxQFWindow : public Window {
 public:
     explicit nuxQFWindow(std::vector<std::string> strings);
 
     /// Shows the window and returns when the button is let go.
     /// @param parent  owner window
-    /// @return the row under the pointer, not bounded by the number of strings; -1 for none: beside the list, and
+    /// @return the row under the pointer, not bounded by the number of strings; -1 for none: beside the list,
+    /// and
     ///         when the gesture ends in another way (the parent or the mouse is taken away, the host quits)
     /// Throws what failed inside, std::bad_alloc above all.
     int RunQuickFilter(HWND parent);

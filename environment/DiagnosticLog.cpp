@@ -6,13 +6,14 @@
 #include <cstdlib>
 
 #include "framework/Handles.h"
+#include "framework/ProcessWide.h"
 
 namespace nux {
 namespace {
 
 std::string& LogFile() noexcept {
-    static std::string path;
-    return path;
+    static ProcessWide<std::string> path;
+    return path.Get();
 }
 
 }  // namespace
@@ -26,7 +27,7 @@ void SetLogFile(const std::string& path) {
 }
 
 void ClearLogFile() noexcept {
-    LogFile().clear();
+    std::string().swap(LogFile());
 }
 
 int WriteLogEntry(bool fatal, int, int, int, std::string text, ...) {
@@ -53,8 +54,8 @@ void WriteStampedLogEntry(const std::string& text) {
     SYSTEMTIME now;
     GetLocalTime(&now);
     char stamp[64];
-    std::snprintf(stamp, sizeof stamp, "%02u/%02u/%02u %02u:%02u:%02u ", now.wMonth, now.wDay, now.wYear % 100u,
-                  now.wHour, now.wMinute, now.wSecond);
+    std::snprintf(stamp, sizeof stamp, "%02u/%02u/%02u %02u:%02u:%02u ", now.wMonth, now.wDay,
+                  now.wYear % 100u, now.wHour, now.wMinute, now.wSecond);
     WriteLogEntry(false, 0, 0, 0, stamp + text);
 }
 

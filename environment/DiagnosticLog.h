@@ -1,6 +1,13 @@
 #pragma once
 
+#include <windows.h>
+
+#include <urlmon.h>
+
 #include <string>
+
+// A macro of the platform's, which would rename the function in some sources and not in others.
+#undef IsLoggingEnabled
 
 namespace nux {
 
@@ -16,12 +23,12 @@ void ClearLogFile() noexcept;
 /// other readers and writers, so that nothing is lost when the process dies.
 /// @param fatal  adds a line feed and, once the entry is written, ends the process with exit code -1
 /// @param text   written byte by byte, without a terminator
-/// The three integers and what follows the text are not read: callers of old give them.
+/// The three integers and what follows the text are not read.
 /// @return 0. A log file that can't be opened ends the process with exit code -1.
 int WriteLogEntry(bool fatal, int, int, int, std::string text, ...);
 
-/// Appends the text behind a stamp of local date and time "MM/DD/YY HH:MM:SS ". No line feed is added: whoever
-/// wants lines supplies it.
+/// Appends the text behind a stamp of local date and time "MM/DD/YY HH:MM:SS ". No line feed is added:
+/// whoever wants lines supplies it.
 void WriteStampedLogEntry(const std::string& text);
 
 }  // namespace nux

@@ -1,15 +1,27 @@
 #include "environment/InstallationPaths.h"
 
+#include <vector>
+
 #include "Inux3D.h"
 #include "framework/Automation.h"
 #include "framework/ComPtr.h"
+#include "framework/ProcessWide.h"
 
 namespace nux {
 namespace {
 
 constexpr DISPID folderOfCatalogue = 47;
 
-IDispatch* host3D = nullptr;
+struct OwnedHost {
+    const void* owner;
+    IDispatch* host;
+};
+
+/// The 3D sides of all owners; the last one counts.
+std::vector<OwnedHost>& Hosts() noexcept {
+    static ProcessWide<std::vector<OwnedHost>> hosts;
+    return hosts.Get();
+}
 
 }  // namespace
 
@@ -18,18 +30,20 @@ InstallationPaths& Installation() noexcept {
     return installation;
 }
 
-void SetHost3D(IDispatch* host) noexcept {
-    host3D = host;
+void SetHost3D(const void* owner, IDispatch* host) {
+    Hosts().reserve(Hosts().size() + 1);  // a failure leaves what was set
+    WithdrawHost3D(owner);
+    Hosts().push_back({owner, host});
 }
 
-void WithdrawHost3D(const IDispatch* host) noexcept {
-    if (host3D == host)
-        host3D = nullptr;
+void WithdrawHost3D(const void* owner) noexcept {
+    std::erase_if(Hosts(), [&](const OwnedHost& owned) { return owned.owner == owner; });
 }
 
 std::string GetCatalogFolder(const std::string& catalogId) {
     const std::string& root = Installation().catalog;
-    const ComPtr<Inux3D> host = Query<Inux3D>(host3D, IID_Inux3D);
+    const ComPtr<IDispatch> last(Hosts().empty() ? nullptr : Hosts().back().host);
+    const ComPtr<Inux3D> host = last.As<Inux3D>(IID_Inux3D);
     if (!host)
         return root;
     ComPtr<IDispatch> application;

@@ -20,12 +20,14 @@ struct InstallationPaths {
 /// Process-wide: the last call of SetTRNVPaths of any object wins.
 InstallationPaths& Installation() noexcept;
 
-/// The host's 3D side, which is asked for the folders of catalogues. No reference is held: whoever sets it
-/// withdraws it (WithdrawHost3D) before it lets go of its own reference. Null for none.
-void SetHost3D(IDispatch* host) noexcept;
+/// Sets the host's 3D side, which is asked for the folders of catalogues; the last one set counts.
+/// @param owner  whoever sets it. It withdraws it before it lets go of its own reference: none is held here
+/// @param host   null for none
+/// Throws std::bad_alloc.
+void SetHost3D(const void* owner, IDispatch* host);
 
-/// Forgets the 3D side if it is `host`.
-void WithdrawHost3D(const IDispatch* host) noexcept;
+/// Forgets the 3D side that this owner has set. The one that another has set before counts again.
+void WithdrawHost3D(const void* owner) noexcept;
 
 /// Folder of a catalogue, as the host tells it, with its closing separator.
 /// @param catalogId  catalogue ID; an empty one asks for the root of all catalogues

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <list>
 #include <optional>
-#include <vector>
 
 #include "environment/DiagnosticLog.h"
 #include "environment/InstallationPaths.h"
@@ -29,7 +29,7 @@ struct MessageCatalogue {
     };
 
     std::string language;
-    std::vector<Entry> entries;
+    std::list<Entry> entries;  ///< a list leaves its entries in place when it grows
 };
 
 MessageCatalogue& Catalogue() noexcept {
@@ -51,16 +51,22 @@ std::optional<MessageTable> LoadMessageTable(const std::string& catalogId) {
 }
 
 const std::optional<MessageTable>& TableOf(const std::string& catalogId) {
-    std::vector<MessageCatalogue::Entry>& entries = Catalogue().entries;
+    std::list<MessageCatalogue::Entry>& entries = Catalogue().entries;
     const auto known = std::find_if(entries.begin(), entries.end(),
                                     [&](const auto& entry) { return entry.catalogId == catalogId; });
     if (known != entries.end())
         return known->table;
-    // The host is asked for the catalogue's folder and may ask for messages itself: the list is touched only
-    // when the table is there.
-    std::optional<MessageTable> table = LoadMessageTable(catalogId);
-    entries.push_back({catalogId, std::move(table)});
-    return entries.back().table;
+    // The entry comes before its table: the host, asked for the catalogue's folder, may ask for a message
+    // itself.
+    const auto added = entries.insert(entries.end(), {catalogId, std::nullopt});
+    try {
+        if (std::optional<MessageTable> table = LoadMessageTable(catalogId))
+            added->table.emplace(std::move(*table));
+    } catch (...) {
+        entries.erase(added);  // not known to be missing: the next call tries again
+        throw;
+    }
+    return added->table;
 }
 
 void SwitchResources(const std::string& language) {

@@ -14,9 +14,8 @@ namespace nux {
 /// The translations of one catalogue in one language, by message ID.
 class MessageTable {
 public:
-    /// Reads the pairs of a message file: each `MsgID` below the root `Messages`, and the node right behind it.
-    /// A pair without an ID is skipped; of two pairs with one ID the first counts.
-    /// Throws std::bad_alloc.
+    /// Reads the pairs of a message file: each `MsgID` below the root `Messages`, and the node right behind
+    /// it. A pair without an ID is skipped; of two pairs with one ID the first counts. Throws std::bad_alloc.
     static MessageTable Read(IXMLDOMDocument* document);
 
     /// Enters a translation unless the ID is empty or there is one already. `text` may be empty.

@@ -20,7 +20,9 @@ bool FileExists(const std::string& path) noexcept {
 }
 
 bool DirectoryExists(std::string path) noexcept {
-    if (!path.empty() && (path.back() == '/' || path.back() == '\\'))
+    // The last byte may be the second half of a double-byte character.
+    const char* const last = CharPrevA(path.c_str(), path.c_str() + path.size());
+    if (*last == '/' || *last == '\\')
         path.pop_back();
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA(path.c_str(), &found);

@@ -19,7 +19,8 @@ const std::string& ProductVersion() noexcept {
 void ReadProductVersion() {
     RegistryValue value;
     const char* text = nullptr;
-    if (CRegistry(HKEY_LOCAL_MACHINE).QueryValue("Software\\Orvenna\\Exec\\Tarnvale", "CurrentVersion", &value) &&
+    if (CRegistry(HKEY_LOCAL_MACHINE)
+            .QueryValue("Software\\Orvenna\\Exec\\Tarnvale", "CurrentVersion", &value) &&
         value.AsString(&text))
         Version() = text;
 }

@@ -19,8 +19,8 @@ bool DeleteTree(HKEY parent, const char* path) {
     DWORD subkeys = 0;
     DWORD longestName = 0;
     const auto query = [&] {
-        return RegQueryInfoKeyA(key.Get(), nullptr, nullptr, nullptr, &subkeys, &longestName, nullptr, nullptr,
-                                nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+        return RegQueryInfoKeyA(key.Get(), nullptr, nullptr, nullptr, &subkeys, &longestName, nullptr,
+                                nullptr, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
     };
     if (!query())
         return false;
@@ -73,7 +73,8 @@ bool CRegistry::GetDWORDValue(const std::string& keyPath, const std::string& nam
     return QueryValue(keyPath, name, &value) && value.AsNumber(number);
 }
 
-bool CRegistry::GetBinaryValue(const std::string& keyPath, const std::string& name, void* buffer, DWORD size) {
+bool CRegistry::GetBinaryValue(const std::string& keyPath, const std::string& name, void* buffer,
+                               DWORD size) {
     RegistryValue value;
     return QueryValue(keyPath, name, &value) && value.AsBinary(buffer, size);
 }
@@ -83,8 +84,8 @@ bool CRegistry::SetValue(const std::string& keyPath, const std::string& name, co
     if (RegCreateKeyExA(root_, keyPath.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, key.Receive(), nullptr) !=
         ERROR_SUCCESS)
         return false;
-    const bool written = RegSetValueExA(key.Get(), name.c_str(), 0, value.Type(), value.Data(), value.Size()) ==
-                         ERROR_SUCCESS;
+    const bool written =
+        RegSetValueExA(key.Get(), name.c_str(), 0, value.Type(), value.Data(), value.Size()) == ERROR_SUCCESS;
     key.Reset();
     CloseRoot();
     return written;
@@ -107,8 +108,8 @@ bool CRegistry::Delete(const std::string& keyPath, const char* name) {
     if (!name)
         return DeleteTree(root_, keyPath.c_str());
     UniqueKey key;
-    if (RegOpenKeyExA(root_, keyPath.c_str(), 0, KEY_READ | KEY_SET_VALUE | KEY_CREATE_SUB_KEY, key.Receive()) !=
-        ERROR_SUCCESS)
+    if (RegOpenKeyExA(root_, keyPath.c_str(), 0, KEY_READ | KEY_SET_VALUE | KEY_CREATE_SUB_KEY,
+                      key.Receive()) != ERROR_SUCCESS)
         return false;
     const bool deleted = RegDeleteValueA(key.Get(), name) == ERROR_SUCCESS;
     key.Reset();

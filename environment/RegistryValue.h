@@ -30,7 +30,7 @@ public:
     /// Number of bytes; those of a string include its terminators.
     DWORD Size() const noexcept { return data_.empty() ? 0 : static_cast<DWORD>(data_.size() - terminators); }
     /// The bytes, or null when empty.
-    const BYTE* Data() const noexcept { return data_.empty() ? nullptr : data_.data(); }
+    const BYTE* Data() const noexcept { return Size() == 0 ? nullptr : data_.data(); }
 
     /// For types 1, 2, 6 and 7: gives the bytes as a string that is terminated in any case, and true.
     /// The pointer lives until the value changes.

@@ -11,8 +11,8 @@
 namespace nux {
 namespace {
 
-/// The platform's limit (INTERNET_MAX_URL_LENGTH). Nothing can be loaded from a longer URL, and not every DOM survives
-/// the attempt.
+/// The platform's limit (INTERNET_MAX_URL_LENGTH). Nothing can be loaded from a longer URL, and not every DOM
+/// survives the attempt.
 constexpr UINT longestUrl = 2083;
 
 struct CachedDocument {

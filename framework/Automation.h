@@ -52,11 +52,8 @@ public:
         VariantClear(this);
         return this;
     }
-    /// Moves the content to `target`, whose old content the caller has cleared.
-    void MoveTo(VARIANT* target) noexcept {
-        *target = *this;
-        vt = VT_EMPTY;
-    }
+    /// Exchanges the contents of two variants.
+    void Swap(Variant& other) noexcept { std::swap<VARIANT>(*this, other); }
     bool IsString() const noexcept { return vt == VT_BSTR; }
 };
 

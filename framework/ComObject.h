@@ -11,8 +11,8 @@ namespace nux {
 /// Gives `Class` its identity: a reference count that starts at 0, QueryInterface, and a place in the count
 /// of live objects. `Class` derives from its interfaces and answers
 ///     void* FindInterface(REFIID iid) noexcept;
-/// with the pointer for each interface that it offers, IUnknown included, or null. A class that talks to others at
-/// its end may have
+/// with the pointer for each interface that it offers, IUnknown included, or null. A class that talks to
+/// others at its end may have
 ///     void OnLastRelease() noexcept;
 /// which runs while the object can still be handed out; in its destructor it no longer can.
 template <class Class>
@@ -36,8 +36,8 @@ public:
     STDMETHODIMP_(ULONG) Release() override {
         const ULONG left = --references_;
         if (left == 0) {
-            // The object may be handed out once more (to a sink that is told of the end): the count stays above
-            // 0 meanwhile, so that this can't destroy it a second time.
+            // The object may be handed out once more (to a sink that is told of the end): the count stays
+            // above 0 meanwhile, so that this can't destroy it a second time.
             references_ = 1;
             if constexpr (requires { this->OnLastRelease(); })
                 this->OnLastRelease();

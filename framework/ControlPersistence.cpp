@@ -78,7 +78,8 @@ STDMETHODIMP ControlPersistence::Load(IStorage* storage) {
     if (!storage)
         return E_POINTER;
     ComPtr<IStream> stream;
-    const HRESULT result = storage->OpenStream(streamName, nullptr, STGM_READ | wholeStream, 0, stream.Receive());
+    const HRESULT result =
+        storage->OpenStream(streamName, nullptr, STGM_READ | wholeStream, 0, stream.Receive());
     return FAILED(result) ? result : Load(stream.Get());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+
 #include <commctrl.h>
 
 #include <utility>
@@ -51,13 +52,6 @@ struct KeyTraits {
     static void Close(Type handle) noexcept { RegCloseKey(handle); }
 };
 
-template <class GdiObject>
-struct GdiTraits {
-    using Type = GdiObject;
-    static Type Empty() noexcept { return nullptr; }
-    static void Close(Type handle) noexcept { DeleteObject(handle); }
-};
-
 struct IconTraits {
     using Type = HICON;
     static Type Empty() noexcept { return nullptr; }
@@ -78,7 +72,6 @@ struct MenuTraits {
 
 using UniqueFile = UniqueHandle<FileTraits>;
 using UniqueKey = UniqueHandle<KeyTraits>;
-using UniqueBitmap = UniqueHandle<GdiTraits<HBITMAP>>;
 using UniqueIcon = UniqueHandle<IconTraits>;
 using UniqueImageList = UniqueHandle<ImageListTraits>;
 using UniqueMenu = UniqueHandle<MenuTraits>;

@@ -2,6 +2,7 @@
 
 #include <cwchar>
 #include <string>
+#include <utility>
 
 #include "framework/Automation.h"
 #include "framework/HResult.h"
@@ -20,6 +21,12 @@ HRESULT CopyToTaskMemory(const std::wstring& text, LPOLESTR* copy) noexcept {
 }
 
 }  // namespace
+
+HRESULT OleControl::InPlaceContext::Read(IOleInPlaceSite& site) noexcept {
+    OLEINPLACEFRAMEINFO accelerators{};
+    accelerators.cb = sizeof accelerators;
+    return site.GetWindowContext(frame.Receive(), document.Receive(), &position, &clip, &accelerators);
+}
 
 OleControl::OleControl(const WindowClass& windowClass, const Identity& identity)
     : ConnectionPoints({IID_IPropertyNotifySink, identity.eventInterface}),
@@ -62,10 +69,10 @@ STDMETHODIMP OleControl::GetClientSite(IOleClientSite** site) {
 
 STDMETHODIMP OleControl::Close(DWORD saveOption) {
     InPlaceDeactivate();
-    if (saveOption != OLECLOSE_NOSAVE && dirty_ && site_)
-        site_->SaveObject();
-    if (sinks_)
-        sinks_->SendOnClose();
+    if (const ComPtr<IOleClientSite> site = site_; site && dirty_ && saveOption != OLECLOSE_NOSAVE)
+        site->SaveObject();
+    if (const ComPtr<IOleAdviseHolder> sinks = sinks_)
+        sinks->SendOnClose();
     return S_OK;
 }
 
@@ -90,89 +97,95 @@ STDMETHODIMP OleControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, L
 }
 
 HRESULT OleControl::ActivateInPlace(bool withUserInterface) {
+    // The site is called in between and may deactivate the control, close it or take itself away at each of
+    // these calls: references of our own, and a look at the state behind each.
     return Guarded([&]() -> HRESULT {
-        if (!site_)
+        const ComPtr<IOleClientSite> client = site_;
+        if (!client)
             return E_UNEXPECTED;
-        const bool wasActive = static_cast<bool>(inPlaceSite_);
         ComPtr<IOleInPlaceSite> site = inPlaceSite_;
-        if (!wasActive) {
-            site = site_.As<IOleInPlaceSite>(IID_IOleInPlaceSite);
+        if (!site) {
+            site = client.As<IOleInPlaceSite>(IID_IOleInPlaceSite);
             if (!site || site->CanInPlaceActivate() != S_OK)
                 return E_FAIL;
-            ThrowIfFailed(site->OnInPlaceActivate());
             inPlaceSite_ = site;
-        }
-
-        HWND parent = nullptr;
-        RECT position{};
-        RECT clip{};
-        OLEINPLACEFRAMEINFO frame{};
-        frame.cb = sizeof frame;
-        ComPtr<IOleInPlaceFrame> frameWindow;
-        ComPtr<IOleInPlaceUIWindow> documentWindow;
-        HRESULT result = site->GetWindow(&parent);
-        if (SUCCEEDED(result))
-            result = site->GetWindowContext(frameWindow.Receive(), documentWindow.Receive(), &position, &clip,
-                                            &frame);
-        if (SUCCEEDED(result) && !Handle())
-            result = Guarded([&] {
-                Create(windowClass_, parent, position, windowStyle);
-                return S_OK;
-            });
-        if (FAILED(result)) {
-            if (!wasActive) {
+            const HRESULT activated = site->OnInPlaceActivate();
+            if (FAILED(activated)) {
                 inPlaceSite_.Reset();
-                site->OnInPlaceDeactivate();
-            }
-            return result;
-        }
-        ShowWindow(Handle(), SW_SHOW);
-        SetObjectRects(&position, &clip);
-
-        if (withUserInterface && !userInterfaceActive_ && SUCCEEDED(site->OnUIActivate())) {
-            userInterfaceActive_ = true;
-            SetFocus(Handle());
-            const Bstr name(Widen(identity_.userTypeName));
-            if (frameWindow) {
-                frameWindow->SetActiveObject(this, name.Get());
-                frameWindow->SetBorderSpace(nullptr);
-            }
-            if (documentWindow) {
-                documentWindow->SetActiveObject(this, name.Get());
-                documentWindow->SetBorderSpace(nullptr);
+                return activated;
             }
         }
-        site_->ShowObject();
+        InPlaceContext context;
+        const HRESULT shown = inPlaceSite_ ? ShowInPlace(*site.Get(), context) : E_UNEXPECTED;
+        if (FAILED(shown)) {
+            InPlaceDeactivate();
+            return shown;
+        }
+        if (withUserInterface)
+            ActivateUserInterface(*site.Get(), context);
+        if (inPlaceSite_)
+            client->ShowObject();
         return S_OK;
     });
 }
 
+HRESULT OleControl::ShowInPlace(IOleInPlaceSite& site, InPlaceContext& context) noexcept {
+    return Guarded([&]() -> HRESULT {
+        HWND parent = nullptr;
+        ThrowIfFailed(site.GetWindow(&parent));
+        ThrowIfFailed(context.Read(site));
+        if (!inPlaceSite_)
+            return E_UNEXPECTED;
+        if (!Handle())
+            Create(windowClass_, parent, context.position, windowStyle);
+        ShowWindow(Handle(), SW_SHOW);
+        return SetObjectRects(&context.position, &context.clip);
+    });
+}
+
+void OleControl::ActivateUserInterface(IOleInPlaceSite& site, const InPlaceContext& context) {
+    if (userInterfaceActive_)
+        return;
+    const Bstr name(Widen(identity_.userTypeName));
+    userInterfaceActive_ = true;
+    if (FAILED(site.OnUIActivate())) {
+        userInterfaceActive_ = false;
+        return;
+    }
+    if (!userInterfaceActive_)
+        return;
+    SetFocus(Handle());
+    const auto activate = [&](IOleInPlaceUIWindow* window) {
+        if (window && userInterfaceActive_) {
+            window->SetActiveObject(this, name.Get());
+            window->SetBorderSpace(nullptr);
+        }
+    };
+    activate(context.frame.Get());
+    activate(context.document.Get());
+}
+
 STDMETHODIMP OleControl::InPlaceDeactivate() {
-    if (!inPlaceSite_)
-        return S_OK;
     UIDeactivate();
-    Destroy();
+    // Destroying the window tells the container's window, which may come back here.
     const ComPtr<IOleInPlaceSite> site = std::move(inPlaceSite_);
-    site->OnInPlaceDeactivate();
+    Destroy();
+    if (site)
+        site->OnInPlaceDeactivate();
     return S_OK;
 }
 
 STDMETHODIMP OleControl::UIDeactivate() {
-    if (!userInterfaceActive_)
+    const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
+    if (!std::exchange(userInterfaceActive_, false) || !site)
         return S_OK;
-    userInterfaceActive_ = false;
-    RECT position{};
-    RECT clip{};
-    OLEINPLACEFRAMEINFO frame{};
-    frame.cb = sizeof frame;
-    ComPtr<IOleInPlaceFrame> frameWindow;
-    ComPtr<IOleInPlaceUIWindow> documentWindow;
-    inPlaceSite_->GetWindowContext(frameWindow.Receive(), documentWindow.Receive(), &position, &clip, &frame);
-    if (documentWindow)
-        documentWindow->SetActiveObject(nullptr, nullptr);
-    if (frameWindow)
-        frameWindow->SetActiveObject(nullptr, nullptr);
-    inPlaceSite_->OnUIDeactivate(FALSE);
+    InPlaceContext context;
+    context.Read(*site.Get());
+    if (context.document)
+        context.document->SetActiveObject(nullptr, nullptr);
+    if (context.frame)
+        context.frame->SetActiveObject(nullptr, nullptr);
+    site->OnUIDeactivate(FALSE);
     return S_OK;
 }
 
@@ -181,13 +194,15 @@ STDMETHODIMP OleControl::SetObjectRects(LPCRECT position, LPCRECT clip) {
         return E_POINTER;
     if (!Handle())
         return S_OK;
-    RECT visible;
-    HRGN region = nullptr;
-    if (IntersectRect(&visible, position, clip) && !EqualRect(&visible, position)) {
+    RECT visible{};
+    IntersectRect(&visible, position, clip);
+    HRGN region = nullptr;  // none shows the whole window
+    if (!EqualRect(&visible, position)) {
         OffsetRect(&visible, -position->left, -position->top);
         region = CreateRectRgnIndirect(&visible);
     }
-    SetWindowRgn(Handle(), region, TRUE);  // the window owns the region
+    if (!SetWindowRgn(Handle(), region, TRUE) && region)
+        DeleteObject(region);  // otherwise the window owns it
     SetWindowPos(Handle(), nullptr, position->left, position->top, position->right - position->left,
                  position->bottom - position->top, SWP_NOZORDER | SWP_NOACTIVATE);
     return S_OK;

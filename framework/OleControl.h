@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
+#include <objsafe.h>
 #include <ocidl.h>
 #include <olectl.h>
-#include <objsafe.h>
 
 #include "framework/ComPtr.h"
 #include "framework/ConnectionPoints.h"
@@ -18,9 +18,9 @@ public:
     /// Constants of a control's class.
     struct Identity {
         const CLSID& classId;
-        const IID& eventInterface;   ///< default source, a dispatch interface
-        const char* userTypeName;    ///< for people, a literal
-        DWORD miscStatus;            ///< OLEMISC_ flags, the same as registered
+        const IID& eventInterface;  ///< default source, a dispatch interface
+        const char* userTypeName;   ///< for people, a literal
+        DWORD miscStatus;           ///< OLEMISC_ flags, the same as registered
     };
 
 protected:
@@ -56,9 +56,9 @@ protected:
 /// Drawing and data: a control without a surface of its own draws nothing and offers no format.
 class ControlView : public virtual ControlState, public IViewObjectEx, public IDataObject {
 public:
-    STDMETHODIMP Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC target, HDC draw,
-                      LPCRECTL bounds, LPCRECTL windowBounds, BOOL(STDMETHODCALLTYPE* mayContinue)(ULONG_PTR),
-                      ULONG_PTR context) override;
+    STDMETHODIMP Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC target,
+                      HDC draw, LPCRECTL bounds, LPCRECTL windowBounds,
+                      BOOL(STDMETHODCALLTYPE* mayContinue)(ULONG_PTR), ULONG_PTR context) override;
     STDMETHODIMP GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** colors) override;
     STDMETHODIMP Freeze(DWORD, LONG, void*, DWORD*) override { return E_NOTIMPL; }
     STDMETHODIMP Unfreeze(DWORD) override { return E_NOTIMPL; }
@@ -194,7 +194,19 @@ protected:
     const Identity& GetIdentity() const noexcept override { return identity_; }
 
 private:
+    /// Where the site shows the control.
+    struct InPlaceContext {
+        HRESULT Read(IOleInPlaceSite& site) noexcept;
+
+        ComPtr<IOleInPlaceFrame> frame;
+        ComPtr<IOleInPlaceUIWindow> document;
+        RECT position{};
+        RECT clip{};
+    };
+
     HRESULT ActivateInPlace(bool withUserInterface);
+    HRESULT ShowInPlace(IOleInPlaceSite& site, InPlaceContext& context) noexcept;
+    void ActivateUserInterface(IOleInPlaceSite& site, const InPlaceContext& context);
 
     const Identity& identity_;
     const WindowClass& windowClass_;

@@ -4,8 +4,8 @@
 
 namespace nux {
 
-/// Storage of a process-wide object that is made at first use and never destroyed. For what holds references on
-/// objects of other modules: at the end of the process those modules may be gone before this one.
+/// Storage of a process-wide object that is made at first use and never destroyed. For what holds references
+/// on objects of other modules: at the end of the process those modules may be gone before this one.
 template <class Class>
 class ProcessWide {
 public:

@@ -61,11 +61,16 @@ WindowClass::~WindowClass() {
 
 void Window::Create(const WindowClass& windowClass, HWND parent, const RECT& bounds, DWORD style,
                     DWORD extendedStyle) {
-    const HWND created = CreateWindowExA(extendedStyle, windowClass.Name(), "", style, bounds.left, bounds.top,
-                                         bounds.right - bounds.left, bounds.bottom - bounds.top, parent, nullptr,
-                                         ThisModule(), this);
+    const HWND created = CreateWindowExA(extendedStyle, windowClass.Name(), "", style, bounds.left,
+                                         bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top,
+                                         parent, nullptr, ThisModule(), this);
     const HRESULT result = created ? S_OK : LastFailure();
-    RethrowFailure();
+    try {
+        RethrowFailure();
+    } catch (...) {
+        Destroy();
+        throw;
+    }
     ThrowIfFailed(result);
 }
 
@@ -146,8 +151,8 @@ LRESULT SubclassedWindow::Default(UINT message, WPARAM wParam, LPARAM lParam) no
     return DefSubclassProc(control_, message, wParam, lParam);
 }
 
-LRESULT CALLBACK SubclassedWindow::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                             DWORD_PTR pointer) {
+LRESULT CALLBACK SubclassedWindow::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
+                                             UINT_PTR, DWORD_PTR pointer) {
     auto* self = reinterpret_cast<SubclassedWindow*>(pointer);
     if (message == WM_NCDESTROY) {
         self->Detach();

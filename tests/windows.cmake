@@ -1,6 +1,6 @@
 # Tests of the window and COM code: they run under Wine, in the prefix that tests/with-wine has made.
 
-add_library(test_support STATIC support/main.cpp support/HandleCount.cpp support/TempFolder.cpp)
+add_library(test_support STATIC support/main.cpp support/ChildProcess.cpp support/HandleCount.cpp support/TempFolder.cpp)
 target_link_libraries(test_support PUBLIC gtest component decisions platform)
 
 # nux_windows_test(<name> <source>...): a test program that links the component's layers.
@@ -56,5 +56,10 @@ foreach(locale en_US de_DE ja_JP)
     set_tests_properties(chooser_tests_${locale} PROPERTIES
         TIMEOUT 600 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
 endforeach()
+
+# What the tests of the environment run in a process of its own.
+add_executable(fresh_process environment/fresh_process.cpp)
+target_link_libraries(fresh_process PRIVATE component decisions platform)
+add_dependencies(environment_tests fresh_process resource_german)
 
 nux_windows_test(huge_files_tests environment/huge/HugeFilesTest.cpp)

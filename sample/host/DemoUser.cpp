@@ -18,7 +18,6 @@
 #include "tests/driver/ListView.h"
 #include "tests/driver/Picture.h"
 #include "tests/driver/PointerInput.h"
-#include "tests/driver/PopupMenu.h"
 #include "tests/driver/Waiting.h"
 
 namespace {
@@ -26,8 +25,8 @@ namespace {
 constexpr int threadColumn = 1;
 constexpr int lengthColumn = 2;
 
-/// Positions in the menu of a column.
-constexpr int defineFilter = 0;
+/// How often the arrow key goes down to an item in the menu of a column.
+constexpr int defineFilter = 1;
 constexpr int sortDescending = 4;
 
 class DemoUser {
@@ -73,13 +72,35 @@ private:
         driver::WaitFor("the table to change", [&] { return list_.RowCount() != rows; });
     }
 
+    /// Opens the menu of the lengths and goes down to an item, for whose picture `step` stands, and takes it.
+    void TakeFromMenu(int item, const char* step) {
+        list_.ClickHeader(lengthColumn);
+        const HWND menu = process_.MenuWindow();
+        for (int i = 0, before = -1; i < item; ++i) {
+            driver::PressKey(chooser_, VK_DOWN);
+            before = driver::WaitFor("the highlight to move", [&] {
+                const int top = HighlightTop(menu);
+                return top != before ? top : 0;
+            });
+        }
+        Show(step);
+        driver::PressKey(chooser_, VK_RETURN);
+        driver::WaitUntilGone(menu);
+    }
+
+    /// The first row of pixels of a menu in which the highlight stands, -1 for none.
+    static int HighlightTop(HWND menu) {
+        const driver::Picture picture = driver::TakePicture(menu);
+        for (int y = 0; y < picture.height; ++y) {
+            if (picture.Count({0, y, picture.width, y + 1}, GetSysColor(COLOR_HIGHLIGHT)) > picture.width / 4)
+                return y;
+        }
+        return -1;
+    }
+
     void DefineFilter() {
         const int rows = list_.RowCount();
-        list_.ClickHeader(lengthColumn);
-        const driver::PopupMenu menu(process_);
-        menu.Highlight(defineFilter);
-        Show("a click on a column's caption opens its menu");
-        menu.Choose(defineFilter);
+        TakeFromMenu(defineFilter, "a click on a column's caption opens its menu");
 
         const HWND dialog = driver::WaitFor("the filter dialog", [&] {
             const HWND front = process_.Dialog(nullptr);
@@ -119,11 +140,7 @@ private:
 
     void SortAndTake() {
         const std::string first = list_.Cell(0, lengthColumn);
-        list_.ClickHeader(lengthColumn);
-        const driver::PopupMenu menu(process_);
-        menu.Highlight(sortDescending);
-        Show("the menu again, to sort");
-        menu.Choose(sortDescending);
+        TakeFromMenu(sortDescending, "the menu again, to sort");
         driver::WaitFor("the order to change", [&] { return list_.Cell(0, lengthColumn) != first; });
         list_.ClickRow(1);
         driver::WaitFor("the row to be selected", [&] { return list_.Selected() == std::vector<int>{1}; });

@@ -35,7 +35,7 @@ TEST_F(Table, HasANarrowMarkerColumnAndOneForEachDimension) {
 
 TEST_F(Table, TakesTheCaptionFromTheTextOfANameAndElseFromTheNameItself) {
     ChooserCall call = Call({{"A", "B", "C"}, {{"1", "2", "3"}}});
-    call.names = "<n><A>Length</A><B/><C><inner>no</inner>Bore</C></n>";
+    call.names = "<n><A>Length</A><B/><C>Bore</C></n>";
     Look(call, [](Chooser& chooser) {
         EXPECT_EQ(chooser.List().Caption(1), "Length");
         EXPECT_EQ(chooser.List().Caption(2), "B");

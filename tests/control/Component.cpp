@@ -16,7 +16,8 @@ std::wstring RegisteredModulePath() {
         L"CLSID\\{B1A0C4D5-B52D-44EA-8B0E-F3EEFD3BB67F}\\InprocServer32";  // as the registry script has it
     wchar_t path[MAX_PATH] = L"";
     LONG size = sizeof path;
-    EXPECT_EQ(ERROR_SUCCESS, RegQueryValueW(HKEY_CLASSES_ROOT, name.c_str(), path, &size)) << "not registered";
+    EXPECT_EQ(ERROR_SUCCESS, RegQueryValueW(HKEY_CLASSES_ROOT, name.c_str(), path, &size))
+        << "not registered";
     return path;
 }
 
@@ -24,7 +25,8 @@ ComPtr<InuxStdParts> CreateParts() {
     CLSID classId{};
     EXPECT_EQ(S_OK, CLSIDFromProgID(progId, &classId));
     ComPtr<InuxStdParts> parts;
-    EXPECT_EQ(S_OK, CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts, parts.ReceiveVoid()));
+    EXPECT_EQ(S_OK, CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,
+                                     parts.ReceiveVoid()));
     return parts;
 }
 
@@ -48,7 +50,8 @@ std::wstring Take(BSTR text) {
     return content;
 }
 
-std::wstring ReadText(const ComPtr<InuxStdParts>& parts, HRESULT (STDMETHODCALLTYPE InuxStdParts::*get)(BSTR*)) {
+std::wstring ReadText(const ComPtr<InuxStdParts>& parts,
+                      HRESULT (STDMETHODCALLTYPE InuxStdParts::*get)(BSTR*)) {
     BSTR text = nullptr;
     EXPECT_EQ(S_OK, (parts.Get()->*get)(&text));
     return Take(text);

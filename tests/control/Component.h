@@ -28,10 +28,11 @@ HRESULT ModuleCanUnload();
 std::wstring Take(BSTR text);
 
 /// Reads a text property: `ReadText(parts, &InuxStdParts::get_UserData)`.
-std::wstring ReadText(const ComPtr<InuxStdParts>& parts, HRESULT (STDMETHODCALLTYPE InuxStdParts::*get)(BSTR*));
+std::wstring ReadText(const ComPtr<InuxStdParts>& parts,
+                      HRESULT (STDMETHODCALLTYPE InuxStdParts::*get)(BSTR*));
 
-/// Base of tests that use one object of the registered module. At the end of each test the module must be free
-/// to go: no object of it is alive.
+/// Base of tests that use one object of the registered module. At the end of each test the module must be
+/// free to go: no object of it is alive.
 class PartsTest : public testing::Test {
 protected:
     void SetUp() override;

@@ -72,14 +72,18 @@ TEST_F(DebugLog, EntriesAreAppendedAndOnlyTheScriptsLineFeedsPartThem) {
 TEST_F(DebugLog, TheTextIsNarrowed) {
     LogTo("log");
     WriteEntry(L"Gr\u00f6\u00dfe \u4e2d");
-    EXPECT_EQ("#Gr\xf6\xdf" "e ?", Unstamped("log"));
+    EXPECT_EQ(
+        "#Gr\xf6\xdf"
+        "e ?",
+        Unstamped("log"));
 }
 
 TEST_F(DebugLog, OthersMayReadAndWriteTheFileMeanwhile) {
     const std::string path = folder.Write("log", "");
     LogTo("log");
-    const UniqueFile other(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                       nullptr, OPEN_EXISTING, 0, nullptr));
+    const UniqueFile other(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                       nullptr));
     ASSERT_TRUE(other);
     WriteEntry(L"shared");
     EXPECT_EQ("#shared", Unstamped("log"));
@@ -164,8 +168,8 @@ TEST_F(DebugLog, TheStatusKeepsALogFileThatIsSet) {
 
 TEST_F(DebugLog, TheRegistrysLogFileIsTakenWhenThePathsAreSet) {
     UniqueKey key;
-    ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExA(HKEY_LOCAL_MACHINE, logKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                                             key.Receive(), nullptr));
+    ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExA(HKEY_LOCAL_MACHINE, logKey, 0, nullptr, 0, KEY_ALL_ACCESS,
+                                             nullptr, key.Receive(), nullptr));
     const std::string path = folder.Path() + "registry_log";
     RegSetValueExA(key.Get(), "DebugOutputFile", 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),
                    static_cast<DWORD>(path.size() + 1));

@@ -112,8 +112,8 @@ std::string Describe(ITypeInfo* type, UINT index, bool withArgumentNames) {
     UINT count = 0;
     EXPECT_EQ(S_OK, type->GetNames(operation->memid, names.data(), static_cast<UINT>(names.size()), &count));
 
-    std::string text =
-        std::to_string(operation->memid) + " " + Kind(operation->invkind) + NameOf(type, operation->memid) + "(";
+    std::string text = std::to_string(operation->memid) + " " + Kind(operation->invkind) +
+                       NameOf(type, operation->memid) + "(";
     for (SHORT i = 0; i < operation->cParams; ++i) {
         const ELEMDESC& argument = operation->lprgelemdescParam[i];
         text += i == 0 ? "" : ", ";

@@ -40,8 +40,9 @@ std::string NameOf(ITypeInfo* type, MEMBERID member);
 /// The interface with the table of virtual operations that belongs to a dual dispatch interface.
 ComPtr<ITypeInfo> VirtualTable(ITypeInfo* dispatch);
 
-/// An operation in one line: "6 get nux3D(out IDispatch**)", "85 SaveFile(BSTR FileName, BSTR Data)". An argument
-/// that is both out and the result reads "out", one that only goes in has no word; anything else is spelled out.
+/// An operation in one line: "6 get nux3D(out IDispatch**)", "85 SaveFile(BSTR FileName, BSTR Data)". An
+/// argument that is both out and the result reads "out", one that only goes in has no word; anything else is
+/// spelled out.
 std::string Describe(ITypeInfo* type, UINT index, bool withArgumentNames);
 
 }  // namespace nux

@@ -46,7 +46,8 @@ protected:
     }
 
     static bool Same(const ComPtr<IDispatch>& one, const ComPtr<IDispatch>& other) {
-        return Query<IUnknown>(one.Get(), IID_IUnknown).Get() == Query<IUnknown>(other.Get(), IID_IUnknown).Get();
+        return Query<IUnknown>(one.Get(), IID_IUnknown).Get() ==
+               Query<IUnknown>(other.Get(), IID_IUnknown).Get();
     }
 };
 
@@ -70,7 +71,8 @@ TEST_F(DocumentServices, WhatCannotBeLoadedFailsWithNull) {
     const Bstr unknown(L"UNKNOWN");
     expectFailure([&](IDispatch** out) { return parts->GetComponentsDocument(unknown.Get(), out); });
     expectFailure([&](IDispatch** out) { return parts->GetStdDimensionNode(id.Get(), unknown.Get(), out); });
-    expectFailure([&](IDispatch** out) { return parts->GetStdDimensionNode(unknown.Get(), unknown.Get(), out); });
+    expectFailure(
+        [&](IDispatch** out) { return parts->GetStdDimensionNode(unknown.Get(), unknown.Get(), out); });
     expectFailure([&](IDispatch** out) { return parts->GetUsrDimensionNode(id.Get(), unknown.Get(), out); });
     expectFailure([&](IDispatch** out) { return parts->GetXMLDocument(unknown.Get(), out); });
     expectFailure([&](IDispatch** out) { return parts->GetComponentsDocument(nullptr, out); });
@@ -170,8 +172,14 @@ TEST_F(DocumentServices, ADocumentWithoutARootGivesNullAndNoFailure) {
 TEST_F(DocumentServices, PathsAndIdsWithUmlautsAndBlanksAreFound) {
     if (!TakesUmlauts(folder))
         GTEST_SKIP() << umlautsMissing;
-    folder.Write("catalogs\\Gr\xf6\xdf" "en 1\\Catalog.xml", "<Catalog kind='sizes'/>");
-    folder.Write("catalogs\\Gr\xf6\xdf" "en 1\\StdDimensions\\M 8.xml", "<Dims kind='sizes'/>");
+    folder.Write(
+        "catalogs\\Gr\xf6\xdf"
+        "en 1\\Catalog.xml",
+        "<Catalog kind='sizes'/>");
+    folder.Write(
+        "catalogs\\Gr\xf6\xdf"
+        "en 1\\StdDimensions\\M 8.xml",
+        "<Dims kind='sizes'/>");
     ComPtr<IDispatch> found;
     EXPECT_EQ(S_OK, parts->GetComponentsDocument(Bstr(L"Gr\u00f6\u00dfen 1").Get(), found.Receive()));
     EXPECT_EQ(L"sizes", Kind(found));

@@ -63,8 +63,8 @@ STDMETHODIMP NamedProperties::Invoke(DISPID id, REFIID, LCID lcid, WORD flags, D
     return found->second.result;
 }
 
-STDMETHODIMP HostApplication::Invoke(DISPID id, REFIID, LCID givenLcid, WORD givenFlags, DISPPARAMS* parameters,
-                                     VARIANT* answer, EXCEPINFO*, UINT*) {
+STDMETHODIMP HostApplication::Invoke(DISPID id, REFIID, LCID givenLcid, WORD givenFlags,
+                                     DISPPARAMS* parameters, VARIANT* answer, EXCEPINFO*, UINT*) {
     EXPECT_EQ(47, id);
     EXPECT_EQ(1u, parameters->cArgs);
     EXPECT_EQ(VT_BSTR, parameters->rgvarg[0].vt);

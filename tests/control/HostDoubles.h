@@ -77,8 +77,8 @@ private:
 class HostApplication : public HostDispatch {
 public:
     std::map<std::wstring, std::wstring> folders;
-    Variant otherAnswer;        ///< given instead of a folder, unless it is empty
-    HRESULT result = S_OK;      ///< of each call, beside the answer
+    Variant otherAnswer;    ///< given instead of a folder, unless it is empty
+    HRESULT result = S_OK;  ///< of each call, beside the answer
     std::vector<std::wstring> asked;
     LCID lcid = 0;
     WORD flags = 0;

@@ -37,7 +37,8 @@ TEST_F(HostWizards, AreForwarded) {
     EXPECT_EQ(S_OK, parts->RunDieWizard(-7));
     EXPECT_EQ(S_OK, parts->CreateDieBlock());
     EXPECT_EQ(S_OK, parts->RunSlideWizard());
-    EXPECT_EQ((Journal{"RunDieWizard 0", "RunDieWizard -7", "CreateDieBlock", "RunSlideWizard"}), side->calls);
+    EXPECT_EQ((Journal{"RunDieWizard 0", "RunDieWizard -7", "CreateDieBlock", "RunSlideWizard"}),
+              side->calls);
 }
 
 TEST_F(HostWizards, TheResultOfTheDieWizardsIsPassedOnAndThatOfTheSlideWizardIsNot) {

@@ -17,15 +17,17 @@ void** FindSlot(HMODULE module, const char* library, const char* function) {
     const auto* headers = At<IMAGE_NT_HEADERS>(module, static_cast<DWORD>(dos->e_lfanew));
     const IMAGE_DATA_DIRECTORY& directory =
         headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    for (auto* imported = At<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress); imported->Name; ++imported) {
+    for (auto* imported = At<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress); imported->Name;
+         ++imported) {
         if (_stricmp(At<char>(module, imported->Name), library) != 0)
             continue;
         const auto* name = At<IMAGE_THUNK_DATA>(module, imported->OriginalFirstThunk);
         auto* slot = At<IMAGE_THUNK_DATA>(module, imported->FirstThunk);
         for (; name->u1.AddressOfData; ++name, ++slot) {
             if (!IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal) &&
-                std::strcmp(At<IMAGE_IMPORT_BY_NAME>(module, static_cast<DWORD>(name->u1.AddressOfData))->Name,
-                            function) == 0)
+                std::strcmp(
+                    At<IMAGE_IMPORT_BY_NAME>(module, static_cast<DWORD>(name->u1.AddressOfData))->Name,
+                    function) == 0)
                 return reinterpret_cast<void**>(&slot->u1.Function);
         }
     }

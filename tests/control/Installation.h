@@ -15,8 +15,8 @@ HRESULT SetPaths(const ComPtr<InuxStdParts>& parts, const std::string& catalog, 
 bool TakesUmlauts(const TempFolder& folder);
 inline constexpr char umlautsMissing[] = "the locale of this run has no umlauts in file names";
 
-/// Base of tests on an installation in a folder of its own: "catalogs", "data", "gui" with "locale" beside it,
-/// and "custom". SetUp gives its paths to the object. Tests run with US English as the user's language.
+/// Base of tests on an installation in a folder of its own: "catalogs", "data", "gui" with "locale" beside
+/// it, and "custom". SetUp gives its paths to the object. Tests run with US English as the user's language.
 class InstallationTest : public PartsTest {
 protected:
     void SetUp() override;

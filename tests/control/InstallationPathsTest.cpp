@@ -1,4 +1,5 @@
-// SetTRNVPaths, the interface language, and the folder of a catalogue, which shows in where messages are found.
+// SetTRNVPaths, the interface language, and the folder of a catalogue, which shows in where messages are
+// found.
 
 #include <gtest/gtest.h>
 
@@ -60,7 +61,8 @@ TEST_F(InstallationPaths, AnEnvironmentThatDoesNotStartFailsWithThePathsSet) {
     using Function = int WINAPI(LCID, LCTYPE, LPSTR, int);
     Function* const fail = [](LCID, LCTYPE, LPSTR, int) WINAPI { return 0; };
     {
-        const ImportPatch patch(LoadedModule(), "KERNEL32.dll", "GetLocaleInfoA", reinterpret_cast<void*>(fail));
+        const ImportPatch patch(LoadedModule(), "KERNEL32.dll", "GetLocaleInfoA",
+                                reinterpret_cast<void*>(fail));
         ASSERT_TRUE(patch);
         EXPECT_EQ(E_FAIL, SetPaths(parts, folder.Path() + "other\\", data, gui, custom))
             << "the decimal separator can't be read";

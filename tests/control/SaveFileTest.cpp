@@ -17,7 +17,10 @@ protected:
 
 TEST_F(SaveFile, WritesTheNarrowedTextWithoutATerminator) {
     EXPECT_EQ(S_OK, Save("new.txt", L"line 1\r\nGr\u00f6\u00dfe \u20ac \u4e2d\n"));
-    EXPECT_EQ("line 1\r\nGr\xf6\xdf" "e \x80 ?\n", folder.Read("new.txt"));
+    EXPECT_EQ(
+        "line 1\r\nGr\xf6\xdf"
+        "e \x80 ?\n",
+        folder.Read("new.txt"));
 }
 
 TEST_F(SaveFile, ReplacesAFile) {
@@ -43,15 +46,18 @@ TEST_F(SaveFile, KeepsZerosInsideTheText) {
 TEST_F(SaveFile, AFileNameWithUmlautsIsFound) {
     if (!TakesUmlauts(folder))
         GTEST_SKIP() << umlautsMissing;
-    EXPECT_EQ(S_OK, Save("Gr\xf6\xdf" "e.txt", L"x"));
-    EXPECT_NE(INVALID_FILE_ATTRIBUTES, GetFileAttributesW((Widen(folder.Path()) + L"Gr\u00f6\u00dfe.txt").c_str()));
+    EXPECT_EQ(S_OK, Save("Gr\xf6\xdf"
+                         "e.txt",
+                         L"x"));
+    EXPECT_NE(INVALID_FILE_ATTRIBUTES,
+              GetFileAttributesW((Widen(folder.Path()) + L"Gr\u00f6\u00dfe.txt").c_str()));
 }
 
 TEST_F(SaveFile, AFileThatAnotherHoldsFailsAndStays) {
     const std::string path = folder.Write("held.txt", "held");
     {
-        const UniqueFile held(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
-                                          nullptr));
+        const UniqueFile held(
+            CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
         EXPECT_EQ(E_FAIL, Save("held.txt", L"new"));
         EXPECT_EQ("held", folder.Read("held.txt"));
     }
@@ -72,8 +78,8 @@ TEST_F(SaveFile, AFolderAnEmptyNameAndANullNameFail) {
 
 TEST_F(SaveFile, TheFileIsClosedAfterwards) {
     EXPECT_EQ(S_OK, Save("closed.txt", L"x"));
-    const UniqueFile alone(CreateFileA((folder.Path() + "closed.txt").c_str(), GENERIC_READ | GENERIC_WRITE, 0,
-                                       nullptr, OPEN_EXISTING, 0, nullptr));
+    const UniqueFile alone(CreateFileA((folder.Path() + "closed.txt").c_str(), GENERIC_READ | GENERIC_WRITE,
+                                       0, nullptr, OPEN_EXISTING, 0, nullptr));
     EXPECT_TRUE(alone);
 }
 

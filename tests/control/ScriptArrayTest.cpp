@@ -93,7 +93,7 @@ TEST_F(ScriptArray, ASparseOneFailsWithNothingMade) {
 
 TEST_F(ScriptArray, AnythingWithALengthAndElementsWillDo) {
     Variant array;
-    ASSERT_EQ(S_OK, Convert(L"{length: 2, 0: 'a', 1: 'b', 2: 'not asked for'}", array)) << "an object";
+    ASSERT_EQ(S_OK, Convert(L"({length: 2, 0: 'a', 1: 'b', 2: 'not asked for'})", array)) << "an object";
     EXPECT_EQ(2, Count(array));
     ASSERT_EQ(S_OK, Convert(L"(function() { return arguments; })(7, 8, 9)", array)) << "arguments";
     EXPECT_EQ(3, Count(array));
@@ -114,7 +114,8 @@ TEST_F(ScriptArray, ALengthThatIsNoWholeNumberIsInvalid) {
 }
 
 TEST_F(ScriptArray, ALengthThatNoArrayCanHaveFails) {
-    for (const wchar_t* expression : {L"({length: -1})", L"({length: -2147483647})"}) {
+    for (const wchar_t* expression : {L"({length: -1})", L"({length: -2147483647})",
+                                      L"({length: 2147483647})", L"({length: 178956971, 0: 1})"}) {
         Variant array;
         EXPECT_EQ(E_FAIL, Convert(expression, array)) << expression;
         EXPECT_EQ(VT_EMPTY, array.vt);
@@ -167,7 +168,8 @@ TEST_F(ScriptArray, IsWhatTheDataManagerTakes) {
 
 TEST_F(ScriptArray, TenThousandElementsAreCopied) {
     Variant array;
-    ASSERT_EQ(S_OK, Convert(L"(function() { for (var a = [], i = 0; i < 10000; ++i) a[i] = i; return a; })()", array));
+    ASSERT_EQ(S_OK, Convert(L"(function() { for (var a = [], i = 0; i < 10000; ++i) a[i] = i; return a; })()",
+                            array));
     ASSERT_EQ(10000, Count(array));
     Variant last;
     Element(array, 9999, last);

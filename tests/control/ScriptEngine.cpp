@@ -20,7 +20,9 @@ constexpr IID idOfScriptParse{0xbb1a2ae2, 0xa4f9, 0x11cf, {0x8f, 0x20, 0x00, 0x8
 class ScriptSite : public IActiveScriptSite {
 public:
     STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetItemInfo(LPCOLESTR, DWORD, IUnknown**, ITypeInfo**) override { return TYPE_E_ELEMENTNOTFOUND; }
+    STDMETHODIMP GetItemInfo(LPCOLESTR, DWORD, IUnknown**, ITypeInfo**) override {
+        return TYPE_E_ELEMENTNOTFOUND;
+    }
     STDMETHODIMP GetDocVersionString(BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }
     STDMETHODIMP OnStateChange(SCRIPTSTATE) override { return S_OK; }
@@ -52,8 +54,8 @@ ScriptEngine::~ScriptEngine() {
 }
 
 HRESULT ScriptEngine::Evaluate(const std::wstring& expression, Variant& value) {
-    return parser_->ParseScriptText(expression.c_str(), nullptr, nullptr, nullptr, 0, 0, SCRIPTTEXT_ISEXPRESSION,
-                                    value.Receive(), nullptr);
+    return parser_->ParseScriptText(expression.c_str(), nullptr, nullptr, nullptr, 0, 0,
+                                    SCRIPTTEXT_ISEXPRESSION, value.Receive(), nullptr);
 }
 
 ComPtr<IDispatch> ScriptEngine::Object(const std::wstring& expression) {

@@ -1,5 +1,5 @@
-// The type library as it lies in the registered module. Hosts are compiled against the order of the operations, and
-// scripts are bound by their DISPIDs: both are compared with a list of their own here.
+// The type library as it lies in the registered module. Hosts are compiled against the order of the
+// operations, and scripts are bound by their DISPIDs: both are compared with a list of their own here.
 
 #include <gtest/gtest.h>
 
@@ -61,11 +61,14 @@ const std::vector<std::string> stdPartsOperations{
     "111 UnLoadStatusBar()",
     "112 TRNVExportDlg(long fSingleFile, out BSTR* ExportPath)",
     "114 SetTRNVPaths(BSTR CatalogPath, BSTR DataPath, BSTR GUIPath, BSTR CustomDimsPath)",
-    "115 MessageBoxHTML(BSTR a_msg, BSTR a_title, long a_type, VARIANT_BOOL a_wrap_in_width, long a_max_width, "
+    "115 MessageBoxHTML(BSTR a_msg, BSTR a_title, long a_type, VARIANT_BOOL a_wrap_in_width, long "
+    "a_max_width, "
     "long a_max_height, out long* a_result)",
-    "117 ShowHTMLModelessDialog(BSTR a_title, BSTR a_url, long a_pos_x, long a_pos_y, long a_width, long a_height, "
+    "117 ShowHTMLModelessDialog(BSTR a_title, BSTR a_url, long a_pos_x, long a_pos_y, long a_width, long "
+    "a_height, "
     "VARIANT a_dialog_arguments, out IDispatch** a_browser)",
-    "118 ShowHTMLModalDialog(BSTR a_title, BSTR a_url, long a_pos_x, long a_pos_y, long a_width, long a_height, "
+    "118 ShowHTMLModalDialog(BSTR a_title, BSTR a_url, long a_pos_x, long a_pos_y, long a_width, long "
+    "a_height, "
     "VARIANT a_dialog_arguments, out VARIANT* a_return_value)",
     "120 get LastRVCCmdResult(out BSTR*)",
     "120 put LastRVCCmdResult(BSTR)",
@@ -73,25 +76,23 @@ const std::vector<std::string> stdPartsOperations{
     "122 AssertFail()",
     "123 put DebugSessionStatusAndLogFile(BSTR)"};
 
-const std::vector<std::string> dataManagerOperations{
-    "1 get CavityPlateSizes(out VARIANT*)",
-    "1 put CavityPlateSizes(VARIANT)",
-    "2 get CorePlateSizes(out VARIANT*)",
-    "2 put CorePlateSizes(VARIANT)",
-    "3 ClearData()",
-    "4 get CatalogName(out VARIANT*)",
-    "4 put CatalogName(VARIANT)",
-    "5 get Units(out VARIANT*)",
-    "5 put Units(VARIANT)"};
+const std::vector<std::string> dataManagerOperations{"1 get CavityPlateSizes(out VARIANT*)",
+                                                     "1 put CavityPlateSizes(VARIANT)",
+                                                     "2 get CorePlateSizes(out VARIANT*)",
+                                                     "2 put CorePlateSizes(VARIANT)",
+                                                     "3 ClearData()",
+                                                     "4 get CatalogName(out VARIANT*)",
+                                                     "4 put CatalogName(VARIANT)",
+                                                     "5 get Units(out VARIANT*)",
+                                                     "5 put Units(VARIANT)"};
 
-const std::vector<std::string> dialogOperations{
-    "1 get external_object(out IDispatch**)",
-    "2 get dialogArguments(out VARIANT*)",
-    "2 put dialogArguments(VARIANT)",
-    "3 get returnValue(out VARIANT*)",
-    "3 put returnValue(VARIANT)",
-    "4 close()",
-    "5 is_modal(out long*)"};
+const std::vector<std::string> dialogOperations{"1 get external_object(out IDispatch**)",
+                                                "2 get dialogArguments(out VARIANT*)",
+                                                "2 put dialogArguments(VARIANT)",
+                                                "3 get returnValue(out VARIANT*)",
+                                                "3 put returnValue(VARIANT)",
+                                                "4 close()",
+                                                "5 is_modal(out long*)"};
 
 class TypeLibraryInTheModule : public testing::Test {
 protected:
@@ -123,7 +124,8 @@ protected:
         for (UINT i = 0; i < operations.size(); ++i) {
             SCOPED_TRACE(operations[i]);
             const OperationOffset offset(table.Get(), i);
-            EXPECT_EQ((operationsOfIDispatch + static_cast<int>(i)) * static_cast<int>(sizeof(void*)), offset.bytes);
+            EXPECT_EQ((operationsOfIDispatch + static_cast<int>(i)) * static_cast<int>(sizeof(void*)),
+                      offset.bytes);
             EXPECT_TRUE(offset.isVirtual);
             EXPECT_TRUE(offset.standardCall);
             EXPECT_TRUE(offset.returnsHResult);

@@ -42,7 +42,8 @@ void DoubleClick(HWND control, POINT at) {
 void PressKey(HWND window, WORD virtualKey) {
     const LPARAM scanCode = static_cast<LPARAM>(MapVirtualKeyA(virtualKey, MAPVK_VK_TO_VSC)) << 16;
     Post(window, WM_KEYDOWN, virtualKey, scanCode | 1);
-    Post(window, WM_KEYUP, virtualKey, scanCode | 0xC0000001);
+    PostMessageA(window, WM_KEYUP, virtualKey,
+                 scanCode | 0xC0000001);  // the window may have gone with the key
 }
 
 void Type(HWND control, const std::string& text) {
@@ -52,10 +53,9 @@ void Type(HWND control, const std::string& text) {
 }
 
 void Paste(HWND edit, const std::string& text) {
-    SharedBlock block(edit, text.size() + 1);
-    block.Write(0, text.c_str(), text.size() + 1);
     Ask(edit, EM_SETSEL, 0, -1);
-    Ask(edit, EM_REPLACESEL, TRUE, block.Address());
+    // The system itself carries the text to another process.
+    Ask(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 }  // namespace driver

@@ -1,5 +1,7 @@
 #include "tests/driver/PointerInput.h"
 
+#include <cstdlib>
+
 #include "tests/driver/Waiting.h"
 
 namespace driver {
@@ -49,6 +51,18 @@ void DragPointer(POINT to, int steps) {
 }
 
 void PressPointer(PointerButton button) {
+    static struct {
+        PointerButton button;
+        POINT place;
+        ULONGLONG time = 0;
+    } last;
+    POINT place{};
+    GetCursorPos(&place);
+    if (button == last.button && std::abs(place.x - last.place.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
+        std::abs(place.y - last.place.y) <= GetSystemMetrics(SM_CYDOUBLECLK))
+        WaitFor("the end of a double click's time",
+                [&] { return GetTickCount64() > last.time + GetDoubleClickTime(); });
+    last = {button, place, GetTickCount64()};
     SendButton(button == PointerButton::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
 }
 

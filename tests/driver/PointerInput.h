@@ -17,6 +17,8 @@ void MovePointer(POINT to);
 void DragPointer(POINT to, int steps = 8);
 
 enum class PointerButton { Left, Right };
+/// Presses a button where the pointer is. Waits first, if it would otherwise count as the second press of a
+/// double click.
 void PressPointer(PointerButton button);
 void ReleasePointer(PointerButton button);
 

@@ -2,6 +2,7 @@
 
 #include "tests/driver/Input.h"
 #include "tests/driver/Messages.h"
+#include "tests/driver/PointerInput.h"
 #include "tests/driver/Waiting.h"
 
 namespace driver {
@@ -52,27 +53,18 @@ RECT PopupMenu::Bounds(int position) const {
 }
 
 void PopupMenu::Highlight(int position) const {
-    const auto highlighted = [&](int at) {
-        return (ItemInfo(menu_, at, MIIM_STATE).fState & MFS_HILITE) != 0;
-    };
-    const auto current = [&] {
-        for (int at = 0; at < Count(); ++at)
-            if (highlighted(at))
-                return at;
-        return -1;
-    };
-    while (!highlighted(position)) {
-        const int before = current();
-        PressKey(window_, VK_DOWN);
-        WaitFor("a highlight that moves", [&] { return current() != before; });
-    }
+    const RECT bounds = Bounds(position);
+    MovePointer({(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2});
+    WaitFor("a marked menu item",
+            [&] { return (ItemInfo(menu_, position, MIIM_STATE).fState & MFS_HILITE) != 0; });
 }
 
 void PopupMenu::Choose(int position) const {
     if (!IsEnabled(position))
         throw NotSeen("a menu item that can be taken");
     Highlight(position);
-    PressKey(window_, VK_RETURN);
+    PressPointer(PointerButton::Left);
+    ReleasePointer(PointerButton::Left);
     WaitUntilGone(window_);
 }
 

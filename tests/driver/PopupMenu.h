@@ -8,7 +8,8 @@
 
 namespace driver {
 
-/// A popup menu that is open. Positions count from 0, separators included. Every operation throws NotSeen.
+/// A popup menu that is open. Positions count from 0, separators included. It is worked with the real
+/// pointer, which a menu follows in any case. Every operation throws NotSeen.
 class PopupMenu {
 public:
     /// Waits for the menu of the application.
@@ -24,9 +25,9 @@ public:
     /// Screen pixels of an item.
     RECT Bounds(int position) const;
 
-    /// Takes an item with the keyboard, and waits until the menu is gone. Throws for an item that is grayed.
+    /// Takes an item with a click, and waits until the menu is gone. Throws for an item that is grayed.
     void Choose(int position) const;
-    /// Moves the highlight to an item with the arrow keys.
+    /// Moves the pointer onto an item, and waits until the menu marks it.
     void Highlight(int position) const;
     /// Closes the menu without a choice.
     void Escape() const;

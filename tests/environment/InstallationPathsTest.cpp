@@ -29,16 +29,15 @@ protected:
 };
 
 TEST_F(CatalogFolder, IsTheRootWithoutAHost) {
-    SetHost3D(nullptr);
     EXPECT_EQ(root, GetCatalogFolder("Pins"));
     EXPECT_EQ(root, GetCatalogFolder(""));
 }
 
 TEST_F(CatalogFolder, IsTheRootForAForeignHost) {
     const auto foreign = Giving(L"C:\\elsewhere\\", S_OK);
-    SetHost3D(foreign.Get());
+    SetHost3D(this, foreign.Get());
     EXPECT_EQ(root, GetCatalogFolder("Pins"));
-    WithdrawHost3D(foreign.Get());
+    WithdrawHost3D(this);
 }
 
 TEST_F(CatalogFolder, IsWhatTheHostTells) {
@@ -117,10 +116,44 @@ TEST_F(CatalogFolder, ComesFromTheHostThatWasSetLast) {
     {
         const InstalledHost second([](const std::string&) { return std::string("second\\"); });
         EXPECT_EQ("second\\", GetCatalogFolder(""));
-        WithdrawHost3D(first.Get());
+        WithdrawHost3D(&first);
         EXPECT_EQ("second\\", GetCatalogFolder(""));
     }
     EXPECT_EQ(root, GetCatalogFolder(""));
+}
+
+TEST_F(CatalogFolder, ComesFromTheHostBeforeOnceTheLastIsWithdrawn) {
+    const InstalledHost first([](const std::string&) { return std::string("first\\"); });
+    SetHost3D(this, nullptr);
+    EXPECT_EQ(root, GetCatalogFolder(""));
+    WithdrawHost3D(this);
+    EXPECT_EQ("first\\", GetCatalogFolder(""));
+}
+
+TEST_F(CatalogFolder, ComesFromTheOneHostThatAnOwnerHasSetLast) {
+    const InstalledHost first([](const std::string&) { return std::string("first\\"); });
+    const InstalledHost second([](const std::string&) { return std::string("second\\"); });
+    SetHost3D(this, first.Get());
+    SetHost3D(this, second.Get());
+    EXPECT_EQ("second\\", GetCatalogFolder(""));
+    SetHost3D(this, first.Get());
+    EXPECT_EQ("first\\", GetCatalogFolder(""));
+    WithdrawHost3D(this);
+    EXPECT_EQ("second\\", GetCatalogFolder(""));
+}
+
+TEST_F(CatalogFolder, IsAskedOfAHostThatMayBeWithdrawnMeanwhile) {
+    const long before = LiveObjects();
+    auto host = MakeObject<HostDouble>(Application([&](DISPID, WORD, const DISPPARAMS&, VARIANT* result) {
+        WithdrawHost3D(this);
+        host.Reset();
+        result->vt = VT_BSTR;
+        result->bstrVal = SysAllocString(L"last\\");
+        return S_OK;
+    }));
+    SetHost3D(this, host.Get());
+    EXPECT_EQ("last\\", GetCatalogFolder("Pins"));
+    EXPECT_EQ(before, LiveObjects());
 }
 
 TEST_F(CatalogFolder, IsEmptyBeforeThePathsAreSet) {

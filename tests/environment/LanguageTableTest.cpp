@@ -40,11 +40,12 @@ TEST(LanguageTable, ShortensToExactlyTheseNames) {
         if (const std::string_view name = ShortLanguageName(language.name); !name.empty())
             shortNames.insert(name);
     }
-    EXPECT_EQ((std::set<std::string_view>{
-                  "Arabic", "Azeri", "Chinese", "Dutch", "English", "French", "German", "Italian", "Kashmiri",
-                  "Korean", "Lithuanian", "Malay", "Nepali", "Norwegian", "Portuguese", "Serbian", "Spanish",
-                  "Swahili", "Swedish", "Tatar", "Urdu", "Uzbek"}),
-              shortNames);
+    EXPECT_EQ(
+        (std::set<std::string_view>{"Arabic",  "Azeri",     "Chinese",    "Dutch",   "English",    "French",
+                                    "German",  "Italian",   "Kashmiri",   "Korean",  "Lithuanian", "Malay",
+                                    "Nepali",  "Norwegian", "Portuguese", "Serbian", "Spanish",    "Swahili",
+                                    "Swedish", "Tatar",     "Urdu",       "Uzbek"}),
+        shortNames);
 }
 
 TEST(InterfaceLanguage, IsTheShortNameWhenOnlyAnotherVariantAndTheShortFolderExist) {

@@ -31,7 +31,8 @@ TEST_F(PathTests, TakeAFolderForAMissingFile) {
 
 TEST_F(PathTests, TakeAFileThatIsHeldWithoutReadSharingForMissing) {
     const std::string path = folder_.Write("a.txt", "x");
-    UniqueFile held(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    UniqueFile held(
+        CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(held);
     EXPECT_FALSE(FileExists(path));
     held.Reset();

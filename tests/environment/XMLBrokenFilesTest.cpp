@@ -51,9 +51,10 @@ TEST_F(BrokenFile, IsNoDocumentWhenItIsEmpty) {
 }
 
 TEST_F(BrokenFile, IsNoDocumentWhenItIsNotWellFormed) {
-    for (const char* content : {"<a>", "<a></b>", "<a/><b/>", "text", "<a b=1/>", "<a>&none;</a>", "<a>\x01</a>",
-                                "<?xml version='1.0'?>", "<!-- only a comment -->", "   ", "<a><![CDATA[</a>",
-                                "<?xml version='1.0' encoding='utf-8'?><a>\xFF\xFE</a>"}) {
+    for (const char* content :
+         {"<a>", "<a></b>", "<a/><b/>", "text", "<a b=1/>", "<a>&none;</a>", "<a>\x01</a>",
+          "<?xml version='1.0'?>", "<!-- only a comment -->", "   ", "<a><![CDATA[</a>",
+          "<?xml version='1.0' encoding='utf-8'?><a>\xFF\xFE</a>"}) {
         folder_.Write("a.xml", content);
         ComPtr<IXMLDOMDocument> document;
         EXPECT_FALSE(LoadXMLDocument(folder_.Url("a.xml"), document.Receive())) << content;

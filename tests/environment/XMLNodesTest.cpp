@@ -37,11 +37,16 @@ TEST_F(NodeTexts, AreEmptyForANullNode) {
 }
 
 TEST_F(NodeTexts, AreThoseOfElementsAttributesAndCharacters) {
-    const auto root = Root("<a b='attribute'>text<!--comment--><![CDATA[<data>]]><?target instruction?></a>");
-    EXPECT_EQ("attribute", GetNodeText(Select(root, L"@b").Get()));
-    EXPECT_EQ("text", GetNodeText(Select(root, L"text()").Get()));
+    const auto root =
+        Root("<a b='x'><c>text</c><!--comment--><?target instruction?><d><![CDATA[<data>]]></d></a>");
+    EXPECT_EQ("x", GetNodeText(Select(root, L"@b").Get()));
+    ComPtr<IXMLDOMNode> characters;
+    Select(root, L"c")->get_firstChild(characters.Receive());
+    EXPECT_EQ("text", GetNodeText(characters.Get()));
     EXPECT_EQ("comment", GetNodeText(Select(root, L"comment()").Get()));
     EXPECT_EQ("instruction", GetNodeText(Select(root, L"processing-instruction()").Get()));
+    Select(root, L"d")->get_firstChild(characters.Receive());
+    EXPECT_EQ("<data>", GetNodeText(characters.Get()));
     EXPECT_EQ("text<data>", GetNodeText(root.Get()));
 }
 
@@ -70,9 +75,10 @@ TEST_F(NodeTexts, KeepEachUmlautAsOneByteOfTheWesternCodePage) {
     if (GetACP() != 1252)
         GTEST_SKIP() << "needs the western code page";
     const auto root = Root("<a b='&#252;&#223;'>Gr&#246;&#223;e&#8364;</a>");
-    EXPECT_EQ("Gr\xF6\xDF"
-              "e\x80",
-              GetNodeText(root.Get()));
+    EXPECT_EQ(
+        "Gr\xF6\xDF"
+        "e\x80",
+        GetNodeText(root.Get()));
     EXPECT_EQ("\xFC\xDF", GetNodeAttribute(root.Get(), "b"));
 }
 
@@ -126,7 +132,9 @@ TEST_F(NodeTexts, OfAnAttributeAreEmptyAlikeWhetherItIsEmptyOrMissing) {
 
 TEST_F(NodeTexts, OfAnAttributeAreEmptyForANodeThatHasNone) {
     const auto root = Root("<a name='x'>text<!--comment--></a>");
-    EXPECT_EQ("", GetNodeAttribute(Select(root, L"text()").Get(), "name"));
+    ComPtr<IXMLDOMNode> characters;
+    root->get_firstChild(characters.Receive());
+    EXPECT_EQ("", GetNodeAttribute(characters.Get(), "name"));
     EXPECT_EQ("", GetNodeAttribute(Select(root, L"comment()").Get(), "name"));
     EXPECT_EQ("", GetNodeAttribute(Select(root, L"@name").Get(), "name"));
 }

@@ -82,15 +82,18 @@ TEST(Variant, IsClearedBeforeItReceives) {
     EXPECT_EQ(VT_EMPTY, value.Receive()->vt);
 }
 
-TEST(Variant, MovesItsContentToItsReceiver) {
-    Variant source;
-    source.vt = VT_BSTR;
-    source.bstrVal = SysAllocString(L"text");
-    Variant target;
-    source.MoveTo(&target);
-    EXPECT_EQ(VT_EMPTY, source.vt);
-    ASSERT_TRUE(target.IsString());
-    EXPECT_STREQ(L"text", target.bstrVal);
+TEST(Variant, ExchangesItsContentWithAnother) {
+    Variant text;
+    text.vt = VT_BSTR;
+    text.bstrVal = SysAllocString(L"text");
+    Variant number;
+    number.vt = VT_I4;
+    number.lVal = 5;
+    text.Swap(number);
+    ASSERT_TRUE(number.IsString());
+    EXPECT_STREQ(L"text", number.bstrVal);
+    EXPECT_EQ(VT_I4, text.vt);
+    EXPECT_EQ(5, text.lVal);
 }
 
 /// Counts its references, to see what a VARIANT does with it.
@@ -162,11 +165,12 @@ TEST(Widen, IsTheReverseOfNarrow) {
     const std::wstring wide = Widen(all, western);
     EXPECT_EQ(256u, wide.size());
     EXPECT_EQ(all, Narrow(wide.data(), wide.size(), western));
-    EXPECT_EQ(L"\x8868\xFF71"
-              L"a",
-              Widen("\x95\x5C\xB1"
-                    "a",
-                    japanese));
+    EXPECT_EQ(
+        L"\x8868\xFF71"
+        L"a",
+        Widen("\x95\x5C\xB1"
+              "a",
+              japanese));
 }
 
 TEST(Widen, TakesALongTextWhole) {

@@ -19,7 +19,6 @@ protected:
     }
 };
 
-
 /// Empties the field that holds it when it goes, as an object does whose last release re-enters its owner.
 class Reentering : public Thing {
 public:

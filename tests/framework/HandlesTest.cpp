@@ -101,18 +101,13 @@ TEST(UniqueKey, LeavesNoHandleOpen) {
     EXPECT_EQ(before, HandleCount());
 }
 
-TEST(UniqueGdiObjects, GoWithTheirOwner) {
-    HBITMAP bitmap = nullptr;
+TEST(UniqueMenu, GoesWithItsOwner) {
     HMENU menu = nullptr;
     {
-        const UniqueBitmap ownedBitmap(CreateBitmap(2, 2, 1, 1, nullptr));
-        bitmap = ownedBitmap.Get();
-        const UniqueMenu ownedMenu(CreatePopupMenu());
-        menu = ownedMenu.Get();
-        EXPECT_NE(0, GetObjectType(bitmap));
+        const UniqueMenu owned(CreatePopupMenu());
+        menu = owned.Get();
         EXPECT_TRUE(IsMenu(menu));
     }
-    EXPECT_EQ(0u, GetObjectType(bitmap));
     EXPECT_FALSE(IsMenu(menu));
 }
 

@@ -69,12 +69,12 @@ TEST_F(DispatchTest, SetsAndReadsAProperty) {
     value.lVal = 42;
     DISPID named = DISPID_PROPERTYPUT;
     DISPPARAMS put{&value, &named, 1, 1};
-    ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYPUT, &put, nullptr,
-                                    nullptr, nullptr));
+    ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYPUT, &put,
+                                    nullptr, nullptr, nullptr));
     DISPPARAMS none{};
     Variant result;
-    ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYGET, &none, &result,
-                                    nullptr, nullptr));
+    ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                    &result, nullptr, nullptr));
     EXPECT_EQ(VT_I4, result.vt);
     EXPECT_EQ(42, result.lVal);
 }
@@ -86,8 +86,8 @@ TEST_F(DispatchTest, GivesTheLastOutArgumentAsResult) {
     arguments[1].bstrVal = Bstr(L"ejector ").Detach();
     DISPPARAMS parameters{arguments, nullptr, 2, 0};
     Variant result;
-    ASSERT_EQ(S_OK, sample_->Invoke(join, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD, &parameters, &result,
-                                    nullptr, nullptr));
+    ASSERT_EQ(S_OK, sample_->Invoke(join, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD, &parameters,
+                                    &result, nullptr, nullptr));
     ASSERT_TRUE(result.IsString());
     EXPECT_STREQ(L"ejector pin", result.bstrVal);
 }
@@ -107,8 +107,8 @@ TEST_F(DispatchTest, TellsTheFailureOfAnOperationAsItsExceptionCode) {
 
 TEST_F(DispatchTest, RefusesANumberThatIsNotDescribed) {
     DISPPARAMS none{};
-    EXPECT_EQ(DISP_E_MEMBERNOTFOUND, sample_->Invoke(99, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD, &none,
-                                                     nullptr, nullptr, nullptr));
+    EXPECT_EQ(DISP_E_MEMBERNOTFOUND, sample_->Invoke(99, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD,
+                                                     &none, nullptr, nullptr, nullptr));
 }
 
 TEST_F(DispatchTest, HasOneTypeDescription) {
@@ -135,11 +135,10 @@ TEST_F(DispatchTest, AnswersWithTheFailureOfTheLibraryWhenItIsNotDescribed) {
     const auto object = MakeObject<Undescribed>();
     LPOLESTR names[] = {const_cast<LPOLESTR>(L"Join")};
     DISPID id = 0;
-    EXPECT_EQ(TYPE_E_ELEMENTNOTFOUND,
-              object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_SYSTEM_DEFAULT, &id));
+    EXPECT_EQ(TYPE_E_ELEMENTNOTFOUND, object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_SYSTEM_DEFAULT, &id));
     DISPPARAMS none{};
-    EXPECT_EQ(TYPE_E_ELEMENTNOTFOUND, object->Invoke(1, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD, &none,
-                                                     nullptr, nullptr, nullptr));
+    EXPECT_EQ(TYPE_E_ELEMENTNOTFOUND, object->Invoke(1, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD,
+                                                     &none, nullptr, nullptr, nullptr));
     ITypeInfo* description = nullptr;
     EXPECT_EQ(TYPE_E_ELEMENTNOTFOUND, object->GetTypeInfo(0, LOCALE_SYSTEM_DEFAULT, &description));
     EXPECT_EQ(nullptr, description);

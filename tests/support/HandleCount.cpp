@@ -33,7 +33,8 @@ unsigned HandleCount() {
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtQuerySystemInformation")));
     std::vector<BYTE> buffer(1 << 18);
     NTSTATUS status;
-    while ((status = query(handleInformation, buffer.data(), static_cast<ULONG>(buffer.size()), nullptr)) != 0 &&
+    while ((status = query(handleInformation, buffer.data(), static_cast<ULONG>(buffer.size()), nullptr)) !=
+               0 &&
            buffer.size() < (1u << 26))
         buffer.resize(buffer.size() * 2);
     EXPECT_EQ(0, status);

@@ -30,8 +30,8 @@ public:
 
     explicit ApplicationDouble(Answer answer) : answer_(std::move(answer)) {}
 
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*,
-                        UINT*) override {
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO*, UINT*) override {
         return answer_(id, flags, *parameters, result);
     }
 
@@ -64,7 +64,7 @@ public:
 protected:
     void* FindInterface(REFIID iid) noexcept {
         return iid == IID_Inux3D || iid == IID_IDispatch || iid == IID_IUnknown ? static_cast<Inux3D*>(this)
-                                                                               : nullptr;
+                                                                                : nullptr;
     }
 
 private:
@@ -72,7 +72,8 @@ private:
     HRESULT result_;
 };
 
-/// A host that answers for the folder of a catalogue as `folderOf` does, and is the installation's host meanwhile.
+/// A host that answers for the folder of a catalogue as `folderOf` does, and is the installation's host
+/// meanwhile.
 class InstalledHost {
 public:
     using FolderOf = std::function<std::string(const std::string& catalogId)>;
@@ -87,11 +88,11 @@ public:
               }).Get())) {}
     explicit InstalledHost(ComPtr<IDispatch> application, HRESULT result = S_OK)
         : host_(MakeObject<HostDouble>(std::move(application), result)) {
-        SetHost3D(host_.Get());
+        SetHost3D(this, host_.Get());
     }
     InstalledHost(const InstalledHost&) = delete;
     InstalledHost& operator=(const InstalledHost&) = delete;
-    ~InstalledHost() { WithdrawHost3D(host_.Get()); }
+    ~InstalledHost() { WithdrawHost3D(this); }
 
     ComObject<HostDouble>* Get() const noexcept { return host_.Get(); }
 

@@ -55,8 +55,8 @@ std::string TempFolder::Write(const std::string& name, std::string_view content)
     if (const std::size_t folder = name.rfind('\\'); folder != std::string::npos)
         MakeFolder(name.substr(0, folder));
     const std::string path = path_ + name;
-    const UniqueFile file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
-                                      nullptr));
+    const UniqueFile file(
+        CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
     WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
     EXPECT_EQ(content.size(), written) << path;
@@ -64,8 +64,9 @@ std::string TempFolder::Write(const std::string& name, std::string_view content)
 }
 
 std::string TempFolder::Read(const std::string& name) const {
-    const UniqueFile file(CreateFileA((path_ + name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const UniqueFile file(CreateFileA((path_ + name).c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file)
         return {};
     std::string content(GetFileSize(file.Get(), nullptr), '\0');

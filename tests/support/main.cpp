@@ -1,5 +1,5 @@
-// Start of every test program of the window and COM code: one apartment for the whole run, and no live object left
-// behind by any test.
+// Start of every test program of the window and COM code: one apartment for the whole run, and no live object
+// left behind by any test.
 
 #include <windows.h>
 

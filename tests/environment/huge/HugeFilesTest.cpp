@@ -1,5 +1,6 @@
 // Files of 50 MB in the place of a catalogue. They have a program of their own because they take long: Wine's
-// transport hands a file to the DOM in small pieces, which costs it half a minute of one core for each of these.
+// transport hands a file to the DOM in small pieces, which costs it half a minute of one core for each of
+// these.
 
 #include <gtest/gtest.h>
 

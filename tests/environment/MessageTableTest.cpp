@@ -1,0 +1,141 @@
+#include "environment/MessageTable.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <numeric>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "environment/XMLAccess.h"
+#include "framework/HResult.h"
+#include "tests/support/TempFolder.h"
+
+namespace nux {
+namespace {
+
+constexpr int many = 100'000;
+
+std::string Find(const MessageTable& table, const std::string& id) {
+    const std::string* text = table.Find(id);
+    return text ? *text : "none";
+}
+
+std::vector<int> Sorted() {
+    std::vector<int> numbers(many);
+    std::iota(numbers.begin(), numbers.end(), 0);
+    return numbers;
+}
+
+std::vector<int> Shuffled() {
+    std::vector<int> numbers = Sorted();
+    std::shuffle(numbers.begin(), numbers.end(), std::mt19937(4711));
+    return numbers;
+}
+
+/// An ID of fixed length, so that the order of the numbers is that of the texts.
+std::string Id(int number) {
+    const std::string digits = std::to_string(number);
+    return "Message " + std::string(6 - digits.size(), '0') + digits;
+}
+
+std::string Text(int number) {
+    return "Text " + std::to_string(number);
+}
+
+TEST(MessageTable, FindsNothingWhenItIsEmpty) {
+    EXPECT_EQ(nullptr, MessageTable().Find("OK"));
+    EXPECT_EQ(nullptr, MessageTable().Find(""));
+}
+
+TEST(MessageTable, KeepsTheFirstOfTwoEqualIds) {
+    MessageTable table;
+    table.Add("OK", "first");
+    table.Add("OK", "second");
+    EXPECT_EQ("first", Find(table, "OK"));
+}
+
+TEST(MessageTable, LetsAnEmptyFirstTextHideALaterOne) {
+    MessageTable table;
+    table.Add("OK", "");
+    table.Add("OK", "second");
+    EXPECT_EQ("none", Find(table, "OK"));
+}
+
+TEST(MessageTable, ComparesItsIdsByteByByte) {
+    MessageTable table;
+    table.Add("OK", "upper");
+    table.Add("Ok", "mixed");
+    EXPECT_EQ("upper", Find(table, "OK"));
+    EXPECT_EQ("mixed", Find(table, "Ok"));
+    for (const char* id : {"ok", "OK ", "O", " OK", "\xFCK"})
+        EXPECT_EQ("none", Find(table, id)) << id;
+}
+
+TEST(MessageTable, SkipsAnEmptyId) {
+    MessageTable table;
+    table.Add("", "text");
+    EXPECT_EQ("none", Find(table, ""));
+}
+
+TEST(MessageTable, GivesAPointerThatOutlastsLaterEntries) {
+    MessageTable table;
+    table.Add("OK", "text");
+    const std::string* text = table.Find("OK");
+    for (int number = 0; number < 10'000; ++number)
+        table.Add(Id(number), Text(number));
+    EXPECT_EQ(text, table.Find("OK"));
+    EXPECT_EQ("text", *text);
+}
+
+class ManyMessages : public testing::TestWithParam<std::vector<int>> {};
+
+TEST_P(ManyMessages, AreEachFoundWithTheirOwnText) {
+    MessageTable table;
+    for (const int number : GetParam())
+        table.Add(Id(number), Text(number));
+    for (const int number : GetParam())
+        ASSERT_EQ(Text(number), Find(table, Id(number)));
+    EXPECT_EQ("none", Find(table, "Message 00000"));
+    EXPECT_EQ("none", Find(table, "Message 100000x"));
+}
+
+TEST_P(ManyMessages, AreReadFromTheirFileWithTheFirstOfTwoEqualIdsKept) {
+    std::string content = "<Messages>";
+    for (const int number : GetParam())
+        content += "<MsgID>" + Id(number) + "</MsgID><Text>" + Text(number) + "</Text>";
+    content += "<MsgID>" + Id(7) + "</MsgID><Text>later</Text></Messages>";
+    const TempFolder folder;
+    folder.Write("x_Msgs.xml", content);
+    ComPtr<IXMLDOMDocument> document;
+    ASSERT_TRUE(LoadXMLDocument(folder.Url("x_Msgs.xml"), document.Receive()));
+    ClearXMLDocumentCache();
+    const MessageTable table = MessageTable::Read(document.Get());
+    for (const int number : GetParam())
+        ASSERT_EQ(Text(number), Find(table, Id(number)));
+}
+
+TEST_P(ManyMessages, AreFreedOnASmallStack) {
+    auto table = std::make_unique<MessageTable>();
+    for (const int number : GetParam())
+        table->Add(Id(number), Text(number));
+    const HANDLE thread = CreateThread(
+        nullptr, 64 * 1024,
+        [](void* owned) -> DWORD {
+            delete static_cast<MessageTable*>(owned);
+            return 0;
+        },
+        table.release(), STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+    ASSERT_NE(nullptr, thread);
+    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 60'000));
+    CloseHandle(thread);
+}
+
+INSTANTIATE_TEST_SUITE_P(InOrder, ManyMessages, testing::Values(Sorted()), [](const auto&) { return "sorted"; });
+INSTANTIATE_TEST_SUITE_P(OutOfOrder, ManyMessages, testing::Values(Shuffled()),
+                         [](const auto&) { return "shuffled"; });
+
+}  // namespace
+}  // namespace nux
