@@ -7,6 +7,8 @@
 #include "bench/Sizes.h"
 #include "bench/TestFiles.h"
 #include "dimensions/ChooseStdDimsControls.h"
+#include "dimensions/ChooserList.h"
+#include "framework/Icons.h"
 #include "framework/RedrawPause.h"
 #include "framework/Window.h"
 #include "resources/resource.h"
@@ -22,8 +24,10 @@ private:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
         switch (message) {
             case WM_INITDIALOG:
+                PrepareList(Item(IDC_SIZES));
                 MakeColumns(Item(IDC_SIZES));
                 Fill();
+                ChooserList::SelectRow(Item(IDC_SIZES), 0);
                 return TRUE;
             case WM_COMMAND:
                 if (LOWORD(wParam) == IDC_ALL_FILTERS_OFF)
@@ -50,6 +54,13 @@ private:
 };
 
 }  // namespace
+
+void PrepareList(HWND list) {
+    ListView_SetExtendedListViewStyle(list, LVS_EX_SUBITEMIMAGES | LVS_EX_HEADERDRAGDROP |
+                                                LVS_EX_FULLROWSELECT | LVS_EX_ONECLICKACTIVATE |
+                                                LVS_EX_UNDERLINEHOT | LVS_EX_LABELTIP);
+    ListView_SetImageList(list, LoadSmallIcons({IDI_USER_ROW}).Detach(), LVSIL_SMALL);
+}
 
 void MakeColumns(HWND list) {
     LVCOLUMNA column{};

@@ -113,10 +113,9 @@ DialogSeconds MeasureDialog(Side side, DialogOwner& owner, const Sizes& sizes) {
 /// Kilobytes by which the private memory grows when the dialog opens.
 DWORD MeasureMemory(Side side) {
     const auto privateBytes = [] {
-        PROCESS_MEMORY_COUNTERS_EX counters{};
-        GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                             sizeof counters);
-        return counters.PrivateUsage;
+        PROCESS_MEMORY_COUNTERS counters{};
+        GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+        return counters.PagefileUsage;  // what PrivateUsage is on Windows; Wine fills this one only
     };
     const Sizes sizes;
     DialogOwner owner;
@@ -175,9 +174,11 @@ public:
           folder_(folder),
           keys_(WriteSizes(rowCount)),
           ourTable_(catalogue, sizes_.names.Get(), sizes_.rows.Get(), nullptr) {
-        for (ListWindow& window : windows_)
-            if (&window != &windows_[Ours])
-                MakeColumns(window.List());
+        for (const Side side : {Ours, Floor, Transcription}) {
+            PrepareList(List(side));
+            if (side != Ours)
+                MakeColumns(List(side));
+        }
         ourTable_.InitColumns(List(Ours));
         if (rowCount >= severeRows)
             filling_ = {"1.3", "3"};
@@ -210,10 +211,12 @@ public:
 
     void CompareSorting(Table& table, const std::string& what, int dimension, bool numeric) {
         Row(table, what, {"1.5", ""}, Measure([&](Side side) {
-                if (side == Floor)
-                    floor::FillRowsWithKeys(List(Floor), sizes_, keys_);
-                else
+                if (side == Floor) {
+                    const RedrawPause pause(List(side));
+                    floor::FillRowsWithKeys(List(side), sizes_, keys_);
+                } else {
                     Fill(side, false);
+                }
                 return SecondsOf([&] { Sort(side, dimension + 1, numeric); });
             }));
     }

@@ -20,7 +20,8 @@ namespace {
 template <class Key>
 class KeysByNode {
 public:
-    explicit KeysByNode(std::size_t count) : slots_(std::bit_ceil(2 * count + 1)) {}
+    /// The fewer slots, the more of them the processor keeps at hand.
+    explicit KeysByNode(std::size_t count) : slots_(std::bit_ceil(count + count / 3 + 1)) {}
 
     /// A node that stands in the list twice has equal cells: one of its keys is enough.
     void Add(const IXMLDOMNode* node, Key key) {
@@ -41,7 +42,7 @@ private:
         Key key{};
     };
 
-    /// The slot of the node, or the free one that it would take. At least half of them are free.
+    /// The slot of the node, or the free one that it would take. A quarter of them is free at least.
     std::size_t IndexOf(LPARAM node) const noexcept {
         constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio
         std::size_t index = static_cast<std::size_t>((static_cast<std::uint64_t>(node) * spread) >> 24);

@@ -41,21 +41,35 @@ list(FILTER control_support EXCLUDE REGEX "Test\\.cpp$")
 target_sources(control_tests PRIVATE ${control_support})
 add_dependencies(control_tests nuxStdPartsAX)
 
-# The dimension chooser, in its own program: it brings the component's resources along, as the module does. It runs
-# once with a decimal point, once with a decimal comma, and once with a code page of double-byte characters.
-file(GLOB chooser_sources CONFIGURE_DEPENDS chooser/*.cpp)
-add_executable(chooser_tests ${chooser_sources} ${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc)
-get_property(resource_properties SOURCE ${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc
+# The dimension chooser. Its programs bring the component's resources along, as the module does.
+add_library(component_resources OBJECT ${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc)
+get_property(resource_folders SOURCE ${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc
     DIRECTORY ${PROJECT_SOURCE_DIR} PROPERTY INCLUDE_DIRECTORIES)
 set_source_files_properties(${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc PROPERTIES
-    INCLUDE_DIRECTORIES "${resource_properties}")
-target_link_libraries(chooser_tests PRIVATE test_support driver)
+    INCLUDE_DIRECTORIES "${resource_folders}")
+add_dependencies(component_resources idl_nuxStdPartsAX)
+
+add_library(chooser_support STATIC
+    chooser/Chooser.cpp chooser/ChooserTest.cpp chooser/Dom.cpp chooser/TestedThreadWindow.cpp)
+target_link_libraries(chooser_support PUBLIC test_support driver component_resources)
+
+file(GLOB chooser_tests CONFIGURE_DEPENDS chooser/*Test.cpp)
+list(FILTER chooser_tests EXCLUDE REGEX "/(Chooser|Endurance)Test\\.cpp$")
+add_executable(chooser_tests ${chooser_tests})
+target_compile_definitions(chooser_tests PRIVATE NUX_SCRIPTS="${CMAKE_CURRENT_SOURCE_DIR}/chooser")
+target_link_libraries(chooser_tests PRIVATE chooser_support)
+add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
+target_link_libraries(chooser_endurance_tests PRIVATE chooser_support psapi)
+
+# Once with a decimal point, once with a decimal comma, and once with a code page of double-byte characters. Pointer,
+# keyboard and registry are those of the whole desktop, so nothing runs beside them.
 foreach(locale en_US de_DE ja_JP)
     add_test(NAME chooser_tests_${locale} COMMAND chooser_tests)
-    # Pointer, keyboard and registry are those of the whole desktop.
-    set_tests_properties(chooser_tests_${locale} PROPERTIES
-        TIMEOUT 600 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
+    set_tests_properties(chooser_tests_${locale} PROPERTIES ENVIRONMENT "LC_ALL=${locale}.UTF-8")
 endforeach()
+add_test(NAME chooser_endurance_tests COMMAND chooser_endurance_tests)
+set_tests_properties(chooser_tests_en_US chooser_tests_de_DE chooser_tests_ja_JP chooser_endurance_tests PROPERTIES
+    TIMEOUT 900 RUN_SERIAL TRUE)
 
 # What the tests of the environment run in a process of its own.
 add_executable(fresh_process environment/fresh_process.cpp)
@@ -63,3 +77,16 @@ target_link_libraries(fresh_process PRIVATE component decisions platform)
 add_dependencies(environment_tests fresh_process resource_german)
 
 nux_windows_test(huge_files_tests environment/huge/HugeFilesTest.cpp)
+
+# The language comes from the locale of the process, and the platform keeps what it derives from it in the registry:
+# no other test runs beside these.
+add_executable(language_tests languages/InterfaceLanguageTest.cpp)
+target_link_libraries(language_tests PRIVATE test_support)
+foreach(locale de_AT de_CH de_DE en_US ja_JP cy_GB gl_ES)
+    add_test(NAME language_tests_${locale} COMMAND language_tests ${locale})
+    set_tests_properties(language_tests_${locale} PROPERTIES
+        TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
+endforeach()
+nux_windows_test(double_byte_tests languages/DoubleByteTest.cpp)
+set_tests_properties(double_byte_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=ja_JP.UTF-8")
+set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE)

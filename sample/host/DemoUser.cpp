@@ -16,6 +16,7 @@
 #include "tests/driver/Controls.h"
 #include "tests/driver/Input.h"
 #include "tests/driver/ListView.h"
+#include "tests/driver/Messages.h"
 #include "tests/driver/Picture.h"
 #include "tests/driver/PointerInput.h"
 #include "tests/driver/Waiting.h"
@@ -88,9 +89,9 @@ private:
         driver::WaitUntilGone(menu);
     }
 
-    /// The first row of pixels of a menu in which the highlight stands, -1 for none.
-    static int HighlightTop(HWND menu) {
-        const driver::Picture picture = driver::TakePicture(menu);
+    /// The first row of pixels of a window in which a highlight stands, -1 for none.
+    static int HighlightTop(HWND window) {
+        const driver::Picture picture = driver::TakePicture(window);
         for (int y = 0; y < picture.height; ++y) {
             if (picture.Count({0, y, picture.width, y + 1}, GetSysColor(COLOR_HIGHLIGHT)) > picture.width / 4)
                 return y;
@@ -118,25 +119,39 @@ private:
         Show("the filter is on, its mark stands in the caption");
     }
 
+    /// Moves the pointer of the whole desktop: this program has no window of its own that input would pass
+    /// through.
+    static void MovePointer(POINT to) {
+        SetCursorPos(to.x, to.y);
+        driver::WaitFor("the pointer to arrive at " + std::to_string(to.x) + "," + std::to_string(to.y), [&] {
+            POINT now{};
+            return GetCursorPos(&now) && now.x == to.x && now.y == to.y;
+        });
+    }
+
     void UseQuickFilter() {
         const int rows = list_.RowCount();
-        driver::MovePointer(driver::OnScreen(list_.Handle(), list_.CellMiddle(1, threadColumn)));
+        const POINT start =
+            driver::OnScreen(list_.Handle(), list_.CellMiddle(FirstRowInSight(), threadColumn));
+        MovePointer(start);
         driver::PressPointer(driver::PointerButton::Right);
-        POINT start{};
-        GetCursorPos(&start);
         const HWND values = driver::WaitFor("the quick filter", [&]() -> HWND {
             const HWND window = WindowFromPoint(start);
             return window != list_.Handle() ? window : nullptr;
         });
         RECT client{};
         GetClientRect(GetParent(values), &client);
-        driver::DragPointer({start.x, start.y + client.bottom * 7 / 16});  // the fourth of eight rows
+        for (int step = 1; step <= 2; ++step)  // down to the second of eight rows
+            MovePointer({start.x, start.y + client.bottom * step / 16});
+        driver::WaitFor("the highlight", [&] { return HighlightTop(values) > 0; });
         Show("the right button on a cell holds the quick filter open");
         driver::ReleasePointer(driver::PointerButton::Right);
         driver::WaitUntilGone(values);
         AwaitOtherRows(rows);
         Show("only the thread that was let go on is left");
     }
+
+    int FirstRowInSight() const { return static_cast<int>(driver::Ask(list_.Handle(), LVM_GETTOPINDEX)); }
 
     void SortAndTake() {
         const std::string first = list_.Cell(0, lengthColumn);

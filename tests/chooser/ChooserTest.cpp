@@ -1,8 +1,5 @@
 #include "tests/chooser/ChooserTest.h"
 
-#include <filesystem>
-#include <fstream>
-
 #include "environment/LanguageTable.h"
 #include "environment/ProductVersion.h"
 #include "framework/Automation.h"
@@ -20,12 +17,6 @@ void ClearSettings() {
 
 void Store(const std::string& key, const char* value, DWORD type, const void* bytes, std::size_t size) {
     RegSetKeyValueA(HKEY_LOCAL_MACHINE, key.c_str(), value, type, bytes, static_cast<DWORD>(size));
-}
-
-std::string TemporaryFolder() {
-    char path[MAX_PATH];
-    GetTempPathA(sizeof path, path);
-    return std::string(path) + "chooser_tests\\";
 }
 
 /// A VARIANT that holds the interface, or nothing for null.
@@ -47,10 +38,9 @@ ComPtr<IDispatch> RowsBelow(const std::optional<std::string>& xml) {
 
 }  // namespace
 
-ChooserTest::ChooserTest() : folder_(TemporaryFolder()), object_(MakeObject<nuxStdParts>()) {
+ChooserTest::ChooserTest() : object_(MakeObject<nuxStdParts>()) {
     ClearSettings();
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_ + "gui");
+    folder_.MakeFolder("gui");
     Store(versionKey, "CurrentVersion", REG_SZ, "1.0", 4);
     SetResourceModule(nullptr);
     SetPaths();
@@ -58,14 +48,13 @@ ChooserTest::ChooserTest() : folder_(TemporaryFolder()), object_(MakeObject<nuxS
 
 ChooserTest::~ChooserTest() {
     ClearSettings();
-    std::filesystem::remove_all(folder_);
 }
 
 void ChooserTest::SetPaths() {
-    const Bstr catalogs(folder_ + "catalogs\\", CP_ACP);
-    const Bstr data(folder_ + "data\\", CP_ACP);
-    const Bstr gui(folder_ + "gui\\", CP_ACP);
-    const Bstr custom(folder_ + "custom\\", CP_ACP);
+    const Bstr catalogs(folder_.Path() + "catalogs\\", CP_ACP);
+    const Bstr data(folder_.Path() + "data\\", CP_ACP);
+    const Bstr gui(folder_.Path() + "gui\\", CP_ACP);
+    const Bstr custom(folder_.Path() + "custom\\", CP_ACP);
     EXPECT_EQ(object_->SetTRNVPaths(catalogs.Get(), data.Get(), gui.Get(), custom.Get()), S_OK);
 }
 
@@ -183,14 +172,11 @@ bool ChooserTest::KeyExists(const std::string& key) {
 
 void ChooserTest::Translate(const std::string& catalog,
                             const std::vector<std::pair<std::string, std::string>>& pairs) {
-    const std::string language = folder_ + "locale\\" + std::string(LanguageName(GetUserDefaultLangID()));
-    std::filesystem::create_directories(language);
-    std::ofstream file(language + "\\" + catalog + "_Msgs.xml", std::ios::binary);
-    file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Messages>";
+    std::string messages = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Messages>";
     for (const auto& [id, text] : pairs)
-        file << "<MsgID>" << id << "</MsgID><Text>" << text << "</Text>";
-    file << "</Messages>";
-    file.close();
+        messages += "<MsgID>" + id + "</MsgID><Text>" + text + "</Text>";
+    const std::string language(LanguageName(GetUserDefaultLangID()));
+    folder_.Write("locale\\" + language + "\\" + catalog + "_Msgs.xml", messages + "</Messages>");
     SetPaths();
 }
 

@@ -16,6 +16,7 @@
 #include "framework/ComObject.h"
 #include "tests/chooser/Chooser.h"
 #include "tests/chooser/Dom.h"
+#include "tests/support/TempFolder.h"
 
 namespace nux {
 
@@ -75,8 +76,6 @@ protected:
                             DWORD database = 3);
     static bool KeyExists(const std::string& key);
 
-    /// Folder of the installation, with its closing separator.
-    const std::string& Folder() const { return folder_; }
     /// Gives the user's language a message file and makes it the interface language. `pairs` are of an
     /// English text and its translation, in UTF-8.
     void Translate(const std::string& catalog, const std::vector<std::pair<std::string, std::string>>& pairs);
@@ -86,7 +85,7 @@ protected:
 private:
     void SetPaths();
 
-    std::string folder_;
+    TempFolder folder_;  ///< of the installation
     ComPtr<ComObject<nuxStdParts>> object_;
 };
 

@@ -133,17 +133,6 @@ TEST_F(Registration, UnregisteringTwiceLeavesTheNeighboursAlone) {
     EXPECT_EQ(before, AllEntries());
 }
 
-TEST_F(Registration, TakesAwayWhatOthersHaveAddedToTheClass) {
-    UniqueKey added;
-    RegCreateKeyExW(HKEY_CLASSES_ROOT, L"CLSID\\{B1A0C4D5-B52D-44EA-8B0E-F3EEFD3BB67F}\\Added\\Deeper", 0, nullptr, 0,
-                    KEY_ALL_ACCESS, nullptr, added.Receive(), nullptr);
-    added.Reset();
-    EXPECT_EQ(S_OK, module.Unregister());
-    EXPECT_NE(ERROR_SUCCESS,
-              RegOpenKeyExW(HKEY_CLASSES_ROOT, L"CLSID\\{B1A0C4D5-B52D-44EA-8B0E-F3EEFD3BB67F}", 0, KEY_READ,
-                            added.Receive()));
-}
-
 TEST_F(Registration, AnUnregisteredClassCannotBeMade) {
     module.Unregister();
     CLSID classId{};

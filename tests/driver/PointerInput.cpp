@@ -1,25 +1,86 @@
 #include "tests/driver/PointerInput.h"
 
+#include <cctype>
 #include <cstdlib>
+#include <string>
 
 #include "tests/driver/Waiting.h"
 
 namespace driver {
 namespace {
 
-void SendButton(DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
+bool RunsOnWine() {
+    return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+/// Starts the program that works the devices of the X server. Nothing tells its end.
+void AskXServer(const std::string& action) {
+    std::string commandLine = "xdotool " + action;
+    STARTUPINFOA start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessA("Z:\\usr\\bin\\xdotool", commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        nullptr, &start, &process))
+        throw NotSeen("xdotool to start");
+}
+
+void Send(INPUT& input) {
     SendInput(1, &input, sizeof input);
 }
 
-void SendKey(WORD virtualKey, DWORD flags) {
+void SendMove(POINT to) {
+    if (RunsOnWine())
+        return AskXServer("mousemove " + std::to_string(to.x) + " " + std::to_string(to.y));
+    // Absolute positions are 65536ths of the screen; half a pixel more keeps the division exact.
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = static_cast<LONG>((to.x * 65536LL + 32768) / GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = static_cast<LONG>((to.y * 65536LL + 32768) / GetSystemMetrics(SM_CYSCREEN));
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    Send(input);
+}
+
+void SendButton(PointerButton button, bool down) {
+    const bool left = button == PointerButton::Left;
+    if (RunsOnWine())
+        return AskXServer(std::string(down ? "mousedown " : "mouseup ") + (left ? "1" : "3"));
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = left ? (down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP)
+                            : (down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP);
+    Send(input);
+}
+
+std::string XKeyName(WORD virtualKey) {
+    switch (virtualKey) {
+        case VK_SHIFT:
+            return "Shift_L";
+        case VK_CONTROL:
+            return "Control_L";
+        case VK_MENU:
+            return "Alt_L";
+        default:
+            return std::string(1, static_cast<char>(std::tolower(virtualKey)));
+    }
+}
+
+void SendKey(WORD virtualKey, bool down) {
+    if (RunsOnWine())
+        return AskXServer((down ? "keydown " : "keyup ") + XKeyName(virtualKey));
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = virtualKey;
-    input.ki.dwFlags = flags;
-    SendInput(1, &input, sizeof input);
+    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+    Send(input);
+}
+
+void WaitForKey(int virtualKey, bool down) {
+    WaitFor(down ? "a pressed key" : "a released key",
+            [&] { return (GetAsyncKeyState(virtualKey) < 0) == down; });
+}
+
+int KeyOf(PointerButton button) {
+    return button == PointerButton::Left ? VK_LBUTTON : VK_RBUTTON;
 }
 
 }  // namespace
@@ -30,13 +91,7 @@ POINT OnScreen(HWND window, POINT client) {
 }
 
 void MovePointer(POINT to) {
-    // Absolute positions are 65536ths of the screen; half a pixel more keeps the division exact.
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dx = static_cast<LONG>((to.x * 65536LL + 32768) / GetSystemMetrics(SM_CXSCREEN));
-    input.mi.dy = static_cast<LONG>((to.y * 65536LL + 32768) / GetSystemMetrics(SM_CYSCREEN));
-    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    SendInput(1, &input, sizeof input);
+    SendMove(to);
     WaitFor("the pointer to arrive", [&] {
         POINT now{};
         return GetCursorPos(&now) && now.x == to.x && now.y == to.y;
@@ -62,20 +117,28 @@ void PressPointer(PointerButton button) {
         std::abs(place.y - last.place.y) <= GetSystemMetrics(SM_CYDOUBLECLK))
         WaitFor("the end of a double click's time",
                 [&] { return GetTickCount64() > last.time + GetDoubleClickTime(); });
+    SendButton(button, true);
+    WaitForKey(KeyOf(button), true);
     last = {button, place, GetTickCount64()};
-    SendButton(button == PointerButton::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
 }
 
 void ReleasePointer(PointerButton button) {
-    SendButton(button == PointerButton::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+    SendButton(button, false);
+    WaitForKey(KeyOf(button), false);
 }
 
 HeldKey::HeldKey(WORD virtualKey) : virtualKey_(virtualKey) {
-    SendKey(virtualKey_, 0);
+    SendKey(virtualKey_, true);
+    WaitForKey(virtualKey_, true);
 }
 
 HeldKey::~HeldKey() {
-    SendKey(virtualKey_, KEYEVENTF_KEYUP);
+    SendKey(virtualKey_, false);
+    try {
+        WaitForKey(virtualKey_, false);
+    } catch (const NotSeen&) {
+        // The next one that needs the key will tell.
+    }
 }
 
 }  // namespace driver

@@ -4,17 +4,20 @@
 
 namespace driver {
 
-// Real input: the system's own pointer and keyboard, as the hardware moves them. What is under the pointer
-// gets it, so the window must be in front and nothing else may use the pointer meanwhile. It comes beside the
-// posted messages: wait for its effect (WaitFor), not with Settle. Points are screen pixels.
+// Real input: the pointer and the keyboard of the desktop, as the hardware moves them. What is under the
+// pointer gets it, so the window must be in front and nothing else may use the pointer meanwhile. It comes
+// beside the posted messages: wait for its effect (WaitFor), not with Settle. Points are screen pixels. Every
+// operation returns when the system tells that it is done, and throws NotSeen if that takes too long.
+//
+// On Wine the X server is asked (xdotool), as if its own devices had moved: input that is injected into Wine
+// itself comes back from the X server once more, and late, so that pointer and keys jump.
 
 /// A client point of a window on the screen.
 POINT OnScreen(HWND window, POINT client);
 
-/// Moves the pointer and waits until it is there. Throws NotSeen.
 void MovePointer(POINT to);
-/// Moves it there in so many steps, as a hand does.
-void DragPointer(POINT to, int steps = 8);
+/// Moves the pointer there in so many steps, as a hand does.
+void DragPointer(POINT to, int steps = 4);
 
 enum class PointerButton { Left, Right };
 /// Presses a button where the pointer is. Waits first, if it would otherwise count as the second press of a
@@ -22,7 +25,7 @@ enum class PointerButton { Left, Right };
 void PressPointer(PointerButton button);
 void ReleasePointer(PointerButton button);
 
-/// Holds a key down for as long as it lives.
+/// Holds a key down for as long as it lives: a letter, VK_SHIFT, VK_CONTROL or VK_MENU.
 class HeldKey {
 public:
     explicit HeldKey(WORD virtualKey);

@@ -144,7 +144,8 @@ TEST_F(CatalogFolder, ComesFromTheOneHostThatAnOwnerHasSetLast) {
 
 TEST_F(CatalogFolder, IsAskedOfAHostThatMayBeWithdrawnMeanwhile) {
     const long before = LiveObjects();
-    auto host = MakeObject<HostDouble>(Application([&](DISPID, WORD, const DISPPARAMS&, VARIANT* result) {
+    ComPtr<ComObject<HostDouble>> host;
+    host = MakeObject<HostDouble>(Application([&](DISPID, WORD, const DISPPARAMS&, VARIANT* result) {
         WithdrawHost3D(this);
         host.Reset();
         result->vt = VT_BSTR;

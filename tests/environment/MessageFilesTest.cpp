@@ -206,5 +206,16 @@ TEST_F(MessageFiles, MayBeAskedForWhileTheHostTellsAFolder) {
     EXPECT_EQ("inner", inner);
 }
 
+TEST_F(MessageFiles, AreMissingToAHostThatAsksForThemWhileItTellsTheirFolder) {
+    WriteSecondPlace("catalogs\\Again\\", "Again_Msgs.xml", Pair("Pin", "Stift"));
+    std::string inner;
+    const InstalledHost asking([&](const std::string& id) {
+        inner = GetLocalizedMessage(id, "Pin");
+        return languages_.Folder().Path() + "catalogs\\" + id + "\\";
+    });
+    EXPECT_EQ("Stift", GetLocalizedMessage("Again", "Pin"));
+    EXPECT_EQ("Pin", inner);
+}
+
 }  // namespace
 }  // namespace nux

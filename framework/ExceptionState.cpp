@@ -1,0 +1,65 @@
+// The state of C++ exceptions, one for each thread, in the place of the run-time library's own.
+//
+// The library takes the memory for it when a thread throws for the first time, and ends the process if there is none:
+// that is just when std::bad_alloc is thrown. It also leaves two handles of the thread behind when the module is
+// unloaded.
+
+#include <windows.h>
+
+#include <cstdlib>
+
+namespace __cxxabiv1 {
+
+/// As the binary interface of C++ exceptions has it.
+struct __cxa_eh_globals {
+    void* caughtExceptions;
+    unsigned int uncaughtExceptions;
+};
+
+namespace {
+
+class StateOfThreads {
+public:
+    StateOfThreads() noexcept : slot_(TlsAlloc()) {}
+    StateOfThreads(const StateOfThreads&) = delete;
+    StateOfThreads& operator=(const StateOfThreads&) = delete;
+    ~StateOfThreads() {
+        // Of the other threads' states nothing is known any more; each is as small as two pointers.
+        if (void* own = TlsGetValue(slot_); own != &lastResort_)
+            std::free(own);
+        TlsFree(slot_);
+    }
+
+    __cxa_eh_globals* Get() noexcept {
+        const DWORD error = GetLastError();  // who throws may still want it
+        auto* state = static_cast<__cxa_eh_globals*>(TlsGetValue(slot_));
+        if (!state) {
+            state = static_cast<__cxa_eh_globals*>(std::calloc(1, sizeof *state));
+            if (!state)
+                state = &lastResort_;
+            TlsSetValue(slot_, state);
+        }
+        SetLastError(error);
+        return state;
+    }
+
+private:
+    DWORD slot_;
+    /// Of threads that find no memory at their first exception. They share it from then on, which does harm only if
+    /// two of them throw at the same time.
+    __cxa_eh_globals lastResort_{};
+};
+
+StateOfThreads stateOfThreads;
+
+}  // namespace
+
+extern "C" __cxa_eh_globals* __cxa_get_globals() noexcept {
+    return stateOfThreads.Get();
+}
+
+extern "C" __cxa_eh_globals* __cxa_get_globals_fast() noexcept {
+    return stateOfThreads.Get();
+}
+
+}  // namespace __cxxabiv1

@@ -1,0 +1,129 @@
+// Opened and closed a thousand times, the chooser leaves nothing behind.
+
+#include <psapi.h>
+
+#include "framework/Module.h"
+#include "tests/chooser/ChooserTest.h"
+#include "tests/driver/Controls.h"
+#include "tests/driver/Input.h"
+#include "tests/support/HandleCount.h"
+
+namespace nux {
+namespace {
+
+/// Objects of the process that a leak would add to.
+struct Holdings {
+    int gdi = 0;
+    int windows = 0;
+    int menus = 0;
+    int icons = 0;
+    unsigned handles = 0;
+    long objects = 0;
+    SIZE_T memory = 0;
+
+    /// Counts them one by one: Wine doesn't tell their number (GetGuiResources), but finds any of them by the
+    /// lower half of its handle.
+    static Holdings Now() {
+        Holdings now;
+        for (UINT_PTR low = 0x20; low < 0x10000; ++low) {
+            if (GetObjectType(reinterpret_cast<HGDIOBJ>(low)))
+                ++now.gdi;
+            if (IsWindow(reinterpret_cast<HWND>(low)))
+                ++now.windows;
+            if (IsMenu(reinterpret_cast<HMENU>(low)))
+                ++now.menus;
+            ICONINFO icon{};
+            if (GetIconInfo(reinterpret_cast<HICON>(low), &icon)) {
+                ++now.icons;
+                DeleteObject(icon.hbmColor);
+                DeleteObject(icon.hbmMask);
+            }
+        }
+        now.handles = HandleCount();
+        now.objects = LiveObjects();
+        PROCESS_MEMORY_COUNTERS_EX memory{};
+        GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory),
+                             sizeof memory);
+        now.memory = memory.PrivateUsage;
+        return now;
+    }
+};
+
+class Endurance : public ChooserTest {
+protected:
+    static SizeTable ManyRows() {
+        SizeTable table{{"A", "B", "C"}, {}};
+        for (int i = 0; i < 1000; ++i)
+            table.rows.push_back(
+                {std::to_string(i), std::to_string(i % 7) + ".5", i % 3 ? "round" : "square"});
+        return table;
+    }
+
+    /// Does `once` first until caches are warm, and then `times` times, which must leave nothing.
+    static void ExpectNothingLeft(int warmUp, int times, const std::function<void(int)>& once) {
+        for (int i = 0; i < warmUp; ++i)
+            once(i);
+        const Holdings before = Holdings::Now();
+        for (int i = 0; i < times; ++i)
+            once(i);
+        const Holdings after = Holdings::Now();
+        EXPECT_EQ(after.gdi, before.gdi);
+        EXPECT_EQ(after.windows, before.windows);
+        EXPECT_EQ(after.menus, before.menus);
+        EXPECT_EQ(after.icons, before.icons);
+        EXPECT_EQ(after.handles, before.handles);
+        EXPECT_EQ(after.objects, before.objects);
+        const auto grown = static_cast<long long>(after.memory) - static_cast<long long>(before.memory);
+        std::printf(
+            "GDI %d, windows %d, menus %d, icons %d, handles %u, objects %ld, memory %+lld KB of %zu KB\n",
+            after.gdi, after.windows, after.menus, after.icons, after.handles, after.objects, grown / 1024,
+            before.memory / 1024);
+        EXPECT_LT(grown, static_cast<long long>(times) * 256) << "bytes";
+    }
+};
+
+TEST_F(Endurance, AThousandOpeningsOfAThousandRowsLeaveNothing) {
+    const ChooserCall call = Call(ManyRows(), {{"A", "B", "C"}, {{"1", "2", "own"}}});
+    const auto names = SelectNodes(RootOf(ParseXml(call.names)), L"*");
+    const auto standard = SelectNodes(RootOf(ParseXml(*call.standard)), L"*");
+    const auto users = SelectNodes(RootOf(ParseXml(*call.users)), L"*");
+    Variant none, standardRows, usersRows;
+    standardRows.vt = usersRows.vt = VT_DISPATCH;
+    standard.CopyTo(&standardRows.pdispVal);
+    users.CopyTo(&usersRows.pdispVal);
+    const auto open = [&](int i) {
+        ComPtr<IDispatch> chosen;
+        driver::WithUser(
+            [&] {
+                Object().ChooseDimensions(nullptr, nullptr, names.Get(), none, standardRows, usersRows,
+                                          chosen.Receive());
+            },
+            [&](driver::User& user) {
+                const HWND window = user.Dialog("Choose dimensions");
+                driver::Click(driver::Item(window, i % 2 ? IDOK : IDCANCEL));
+                driver::WaitUntilGone(window);
+            });
+        ASSERT_EQ(static_cast<bool>(chosen), i % 2 == 1);
+    };
+    ExpectNothingLeft(50, 1000, open);
+}
+
+TEST_F(Endurance, MenusDialogsAndQuickFiltersLeaveNothing) {
+    const ChooserCall call = Call({{"A", "B"}, {{"1", "round"}, {"2", "square"}, {"3", "round"}}});
+    const auto once = [&](int i) {
+        Look(call, [i](Chooser& chooser) {
+            chooser.Menu(1, i % 2 ? MenuItem::SortAscending : MenuItem::SortDescending);
+            const FilterDialog dialog = chooser.DefineFilter(1);
+            dialog.Check(IDC_FILTER_GREATER_OR_EQUAL);
+            dialog.SetLower("2");
+            dialog.Ok();
+            QuickFilterGesture gesture(chooser, 0, i % 2 ? 1 : 2);
+            gesture.Release();
+            chooser.TurnOffAll();
+        });
+    };
+    ExpectNothingLeft(5, 40, once);
+}
+
+}  // namespace
+}  // namespace nux
