@@ -49,7 +49,6 @@ add_library(component OBJECT
     framework/ControlInformation.cpp
     framework/ControlPersistence.cpp
     framework/ControlView.cpp
-    framework/ExceptionState.cpp
     framework/Guids.cpp
     framework/HResult.cpp
     framework/Icons.cpp
@@ -65,7 +64,7 @@ add_library(platform INTERFACE)
 target_link_libraries(platform INTERFACE comctl32 ole32 oleaut32 uuid gdi32 advapi32 shell32)
 
 add_library(nuxStdPartsAX SHARED
-    control/module.cpp control/nuxStdPartsAX.def resources/nuxStdPartsAX.rc)
+    control/module.cpp control/nuxStdPartsAX.def framework/ExceptionState.cpp resources/nuxStdPartsAX.rc)
 target_link_libraries(nuxStdPartsAX PRIVATE component decisions platform)
 set_target_properties(nuxStdPartsAX PROPERTIES PREFIX "" LINK_DEPENDS ${PROJECT_SOURCE_DIR}/control/nuxStdPartsAX.def)
 add_dependencies(nuxStdPartsAX idl_nuxStdPartsAX)

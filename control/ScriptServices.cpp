@@ -32,6 +32,12 @@ struct ArrayTraits {
 };
 using UniqueArray = UniqueHandle<ArrayTraits>;
 
+/// Copies a value. A script may hand over a reference to its variable, which would outlive that variable.
+HRESULT CopyValue(VARIANT& target, VARIANT& source) noexcept {
+    const HRESULT copied = VariantCopyInd(&target, &source);
+    return copied == E_INVALIDARG ? DISP_E_BADVARTYPE : copied;
+}
+
 /// Not every platform refuses an array that is longer than its memory can be: some make it too short.
 constexpr long longestArray = std::numeric_limits<long>::max() / long{sizeof(VARIANT)};
 
@@ -131,7 +137,7 @@ STDMETHODIMP nuxStdParts::put_GlobalData(VARIANT newVal) {
     // A script may hand over a reference to its variable, which the field would outlive: the value itself is
     // kept.
     Variant value;
-    const HRESULT copied = VariantCopyInd(&value, &newVal);
+    const HRESULT copied = CopyValue(value, newVal);
     if (FAILED(copied)) {
         value.vt = VT_ERROR;
         value.scode = copied;

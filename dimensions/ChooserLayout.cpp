@@ -11,6 +11,11 @@ PixelSize Measured(const PixelRectangle& rectangle) {
     return {rectangle.right - rectangle.left + 1, rectangle.bottom - rectangle.top + 1};
 }
 
+/// A stored size may hold any 32 bits: the sum wraps around.
+int Added(int a, int b) {
+    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+}
+
 }  // namespace
 
 ChooserLayout::ChooserLayout(const PixelRectangle& window, const PixelRectangle& list, const Buttons& buttons)
@@ -28,7 +33,7 @@ PixelSize ChooserLayout::AboveMinimum(PixelSize window) const {
 }
 
 PixelSize ChooserLayout::WindowSize(PixelSize aboveMinimum) const {
-    return {minimum_.width + aboveMinimum.width, minimum_.height + aboveMinimum.height};
+    return {Added(minimum_.width, aboveMinimum.width), Added(minimum_.height, aboveMinimum.height)};
 }
 
 ChooserLayout::Placement ChooserLayout::PlaceControls(PixelSize window) const {

@@ -43,8 +43,13 @@ LRESULT ChooserList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_NOTIFY: {
             const auto& notification = *reinterpret_cast<const NMHDR*>(lParam);
-            if (notification.hwndFrom == ListView_GetHeader(Handle()) &&
-                !AllowsHeader(reinterpret_cast<const NMHEADERA&>(notification)))
+            if (notification.hwndFrom != ListView_GetHeader(Handle()))
+                break;
+            // Some systems leave the place of a dragged header unpainted, and the frame around it.
+            if (notification.code == static_cast<UINT>(NM_RELEASEDCAPTURE))
+                RedrawWindow(GetParent(Handle()), nullptr, nullptr,
+                             RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+            else if (!AllowsHeader(reinterpret_cast<const NMHEADERA&>(notification)))
                 return TRUE;
             break;
         }

@@ -277,6 +277,7 @@ void nuxChooseStdDims::RepositionControls(PixelSize window) {
     const ChooserLayout::Placement placement = layout_->PlaceControls(window);
     SetWindowPos(list_, nullptr, 0, 0, placement.list.width, placement.list.height,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    InvalidateRect(ListView_GetHeader(list_), nullptr, TRUE);  // its old right edge would stay
     for (std::size_t i = 0; i < buttons.size(); ++i) {
         const HWND button = Item(buttons[i]);
         SetWindowPos(button, nullptr, placement.buttons[i].x, placement.buttons[i].y, 0, 0,

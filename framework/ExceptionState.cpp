@@ -1,10 +1,13 @@
-// The state of C++ exceptions, one for each thread, in the place of the run-time library's own.
+// What exceptions need of the run-time library, for the module alone, in the place of the library's own.
 //
-// The library takes the memory for it when a thread throws for the first time, and ends the process if there is none:
-// that is just when std::bad_alloc is thrown. It also leaves two handles of the thread behind when the module is
-// unloaded.
+// The library takes memory when a thread throws for the first time, and again when there is none for the exception
+// itself and it locks what it has set aside for that. Without any it ends the process, just when std::bad_alloc is
+// thrown. It also leaves two handles of the thread behind when the module is unloaded. Here neither takes what can be
+// missing.
 
 #include <windows.h>
+
+#include <pthread.h>
 
 #include <cstdlib>
 
@@ -18,13 +21,14 @@ struct __cxa_eh_globals {
 
 namespace {
 
+/// The state of the exceptions of each thread.
 class StateOfThreads {
 public:
     StateOfThreads() noexcept : slot_(TlsAlloc()) {}
     StateOfThreads(const StateOfThreads&) = delete;
     StateOfThreads& operator=(const StateOfThreads&) = delete;
     ~StateOfThreads() {
-        // Of the other threads' states nothing is known any more; each is as small as two pointers.
+        // Of other threads' states nothing is known any more; each is as small as two pointers.
         if (void* own = TlsGetValue(slot_); own != &lastResort_)
             std::free(own);
         TlsFree(slot_);
@@ -63,3 +67,26 @@ extern "C" __cxa_eh_globals* __cxa_get_globals_fast() noexcept {
 }
 
 }  // namespace __cxxabiv1
+
+// The library's locks. Nothing else in the module uses any.
+
+static_assert(sizeof(pthread_mutex_t) == sizeof(SRWLOCK));
+
+extern "C" int pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t*) {
+    InitializeSRWLock(reinterpret_cast<SRWLOCK*>(mutex));
+    return 0;
+}
+
+extern "C" int pthread_mutex_lock(pthread_mutex_t* mutex) {
+    AcquireSRWLockExclusive(reinterpret_cast<SRWLOCK*>(mutex));
+    return 0;
+}
+
+extern "C" int pthread_mutex_unlock(pthread_mutex_t* mutex) {
+    ReleaseSRWLockExclusive(reinterpret_cast<SRWLOCK*>(mutex));
+    return 0;
+}
+
+extern "C" int pthread_mutex_destroy(pthread_mutex_t*) {
+    return 0;
+}

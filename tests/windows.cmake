@@ -1,6 +1,7 @@
 # Tests of the window and COM code: they run under Wine, in the prefix that tests/with-wine has made.
 
-add_library(test_support STATIC support/main.cpp support/ChildProcess.cpp support/HandleCount.cpp support/TempFolder.cpp)
+add_library(test_support STATIC support/main.cpp support/ChildProcess.cpp support/HandleCount.cpp support/PrivateMemory.cpp
+    support/TempFolder.cpp)
 target_link_libraries(test_support PUBLIC gtest component decisions platform)
 
 # nux_windows_test(<name> <source>...): a test program that links the component's layers.
@@ -35,11 +36,7 @@ set_source_files_properties(framework/framework_tests.rc PROPERTIES
     OBJECT_DEPENDS "${PROJECT_BINARY_DIR}/include/Sample.tlb;${CMAKE_CURRENT_SOURCE_DIR}/framework/sample.rgs")
 add_dependencies(framework_tests idl_Sample)
 
-# The automation object is tested in the registered module, with doubles of the host's objects.
-file(GLOB control_support CONFIGURE_DEPENDS control/*.cpp)
-list(FILTER control_support EXCLUDE REGEX "Test\\.cpp$")
-target_sources(control_tests PRIVATE ${control_support})
-add_dependencies(control_tests nuxStdPartsAX)
+include(control.cmake)
 
 # The dimension chooser. Its programs bring the component's resources along, as the module does.
 add_library(component_resources OBJECT ${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc)
@@ -51,15 +48,15 @@ add_dependencies(component_resources idl_nuxStdPartsAX)
 
 add_library(chooser_support STATIC
     chooser/Chooser.cpp chooser/ChooserTest.cpp chooser/Dom.cpp chooser/TestedThreadWindow.cpp)
-target_link_libraries(chooser_support PUBLIC test_support driver component_resources)
+target_link_libraries(chooser_support PUBLIC test_support driver)
 
 file(GLOB chooser_tests CONFIGURE_DEPENDS chooser/*Test.cpp)
 list(FILTER chooser_tests EXCLUDE REGEX "/(Chooser|Endurance)Test\\.cpp$")
 add_executable(chooser_tests ${chooser_tests})
 target_compile_definitions(chooser_tests PRIVATE NUX_SCRIPTS="${CMAKE_CURRENT_SOURCE_DIR}/chooser")
-target_link_libraries(chooser_tests PRIVATE chooser_support)
+target_link_libraries(chooser_tests PRIVATE chooser_support component_resources)
 add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
-target_link_libraries(chooser_endurance_tests PRIVATE chooser_support psapi)
+target_link_libraries(chooser_endurance_tests PRIVATE chooser_support component_resources psapi)
 
 # Once with a decimal point, once with a decimal comma, and once with a code page of double-byte characters. Pointer,
 # keyboard and registry are those of the whole desktop, so nothing runs beside them.
@@ -88,5 +85,16 @@ foreach(locale de_AT de_CH de_DE en_US ja_JP cy_GB gl_ES)
         TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
 endforeach()
 nux_windows_test(double_byte_tests languages/DoubleByteTest.cpp)
-set_tests_properties(double_byte_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=ja_JP.UTF-8")
+# Wine makes files with names beyond ASCII only if the machine has the locale. The machine's neutral one, under the
+# name of the Japanese, is enough.
+file(COPY /usr/lib/locale/C.utf8/ DESTINATION ${PROJECT_BINARY_DIR}/machine_locales/ja_JP.UTF-8)
+set_tests_properties(double_byte_tests PROPERTIES
+    RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=ja_JP.UTF-8;LOCPATH=${PROJECT_BINARY_DIR}/machine_locales")
 set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE)
+
+# What nearly every test includes is compiled once.
+target_precompile_headers(test_support PRIVATE <windows.h> <gtest/gtest.h>)
+foreach(target framework_tests environment_tests control_tests driver driver_tests chooser_support chooser_tests
+        chooser_endurance_tests huge_files_tests language_tests double_byte_tests)
+    target_precompile_headers(${target} REUSE_FROM test_support)
+endforeach()

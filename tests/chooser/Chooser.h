@@ -23,7 +23,7 @@ enum class MenuItem {
 /// The dialog that defines a filter, once it is open.
 class FilterDialog {
 public:
-    explicit FilterDialog(driver::User& user);
+    explicit FilterDialog(driver::User& user, const char* caption = "Define filter");
 
     HWND Window() const { return window_; }
     HWND Item(int id) const;

@@ -1,12 +1,12 @@
 // Opened and closed a thousand times, the chooser leaves nothing behind.
 
-#include <psapi.h>
 
 #include "framework/Module.h"
 #include "tests/chooser/ChooserTest.h"
 #include "tests/driver/Controls.h"
 #include "tests/driver/Input.h"
 #include "tests/support/HandleCount.h"
+#include "tests/support/PrivateMemory.h"
 
 namespace nux {
 namespace {
@@ -41,10 +41,7 @@ struct Holdings {
         }
         now.handles = HandleCount();
         now.objects = LiveObjects();
-        PROCESS_MEMORY_COUNTERS_EX memory{};
-        GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory),
-                             sizeof memory);
-        now.memory = memory.PrivateUsage;
+        now.memory = static_cast<decltype(now.memory)>(PrivateMemory());
         return now;
     }
 };

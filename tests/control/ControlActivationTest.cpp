@@ -178,6 +178,16 @@ TEST_F(ControlActivation, ItIsMovedAndClipped) {
     EXPECT_EQ(E_POINTER, inPlace->SetObjectRects(&position, nullptr));
 }
 
+TEST_F(ControlActivation, NothingIsSeenOfAControlThatIsClippedAway) {
+    Do(OLEIVERB_INPLACEACTIVATE);
+    const RECT position{10, 20, 110, 70};
+    const RECT elsewhere{500, 500, 600, 600};
+    EXPECT_EQ(S_OK, inPlace->SetObjectRects(&position, &elsewhere));
+    const HRGN region = CreateRectRgn(0, 0, 0, 0);
+    EXPECT_EQ(NULLREGION, GetWindowRgn(Window(), region));
+    DeleteObject(region);
+}
+
 TEST_F(ControlActivation, ItsEndWhileActiveTakesTheWindowAlong) {
     Do(OLEIVERB_SHOW);
     const HWND window = Window();

@@ -50,12 +50,13 @@ FailingAllocations::FailingAllocations(HMODULE module) {
     Replace<6>(patches_, module, "OLEAUT32.dll", "SafeArrayCreate", &SafeArrayCreate,
                static_cast<SAFEARRAY*>(nullptr));
     Replace<7>(patches_, module, "OLEAUT32.dll", "VariantCopy", &VariantCopy, E_OUTOFMEMORY);
-    Replace<8>(patches_, module, "OLEAUT32.dll", "LoadTypeLibEx", &LoadTypeLibEx, E_OUTOFMEMORY);
-    Replace<9>(patches_, module, "ole32.dll", "CoTaskMemAlloc", &CoTaskMemAlloc, LPVOID{});
-    Replace<10>(patches_, module, "ole32.dll", "CoCreateInstance", &CoCreateInstance, E_OUTOFMEMORY);
-    Replace<11>(patches_, module, "ole32.dll", "CreateOleAdviseHolder", &CreateOleAdviseHolder, E_OUTOFMEMORY);
-    Replace<12>(patches_, module, "ole32.dll", "CreateDataAdviseHolder", &CreateDataAdviseHolder, E_OUTOFMEMORY);
-    Replace<13>(patches_, module, "KERNEL32.dll", "HeapAlloc", &HeapAlloc, LPVOID{});
+    Replace<8>(patches_, module, "OLEAUT32.dll", "VariantCopyInd", &VariantCopyInd, E_OUTOFMEMORY);
+    Replace<9>(patches_, module, "OLEAUT32.dll", "LoadTypeLibEx", &LoadTypeLibEx, E_OUTOFMEMORY);
+    Replace<10>(patches_, module, "ole32.dll", "CoTaskMemAlloc", &CoTaskMemAlloc, LPVOID{});
+    Replace<11>(patches_, module, "ole32.dll", "CoCreateInstance", &CoCreateInstance, E_OUTOFMEMORY);
+    Replace<12>(patches_, module, "ole32.dll", "CreateOleAdviseHolder", &CreateOleAdviseHolder, E_OUTOFMEMORY);
+    Replace<13>(patches_, module, "ole32.dll", "CreateDataAdviseHolder", &CreateDataAdviseHolder, E_OUTOFMEMORY);
+    Replace<14>(patches_, module, "KERNEL32.dll", "HeapAlloc", &HeapAlloc, LPVOID{});
 }
 
 FailingAllocations::~FailingAllocations() {

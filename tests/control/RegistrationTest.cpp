@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "framework/Handles.h"
 #include "tests/control/Component.h"
@@ -14,38 +16,61 @@
 namespace nux {
 namespace {
 
+constexpr wchar_t classId[] = L"{B1A0C4D5-B52D-44EA-8B0E-F3EEFD3BB67F}";
+
 /// Keys below HKEY_CLASSES_ROOT, and values as "key|name"; a key maps to "", a string value to its text, and any other
 /// value to the number of its type.
 using Entries = std::map<std::wstring, std::wstring>;
 
-void AddEntries(HKEY key, const std::wstring& path, Entries& entries) {
-    std::vector<wchar_t> name(16384);
-    std::vector<BYTE> data(65536);
+std::vector<std::wstring> Subkeys(HKEY key) {
+    std::vector<std::wstring> names;
+    wchar_t name[256];
     for (DWORD index = 0;; ++index) {
-        DWORD nameLength = static_cast<DWORD>(name.size());
-        DWORD size = static_cast<DWORD>(data.size());
-        DWORD type = REG_NONE;
-        if (RegEnumValueW(key, index, name.data(), &nameLength, nullptr, &type, data.data(), &size) != ERROR_SUCCESS)
-            break;
-        const auto* text = reinterpret_cast<const wchar_t*>(data.data());
-        entries[path + L"|" + std::wstring(name.data(), nameLength)] =
-            type == REG_SZ ? std::wstring(text, size / sizeof *text - 1) : L"type " + std::to_wstring(type);
-    }
-    for (DWORD index = 0;; ++index) {
-        DWORD nameLength = static_cast<DWORD>(name.size());
-        if (RegEnumKeyExW(key, index, name.data(), &nameLength, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
-            break;
-        const std::wstring subPath = path + L"\\" + name.data();
-        entries[subPath];
-        UniqueKey subkey;
-        if (RegOpenKeyExW(key, name.data(), 0, KEY_READ, subkey.Receive()) == ERROR_SUCCESS)
-            AddEntries(subkey.Get(), subPath, entries);
+        DWORD length = 256;
+        if (RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
+            return names;
+        names.push_back(name);
     }
 }
 
+/// Adds a key with its values and all that is below it.
+void AddAll(const std::wstring& path, Entries& entries) {
+    entries[path];
+    UniqueKey key;
+    ASSERT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ, key.Receive()));
+    for (DWORD index = 0;; ++index) {
+        wchar_t name[256];
+        BYTE data[2048];
+        DWORD length = 256;
+        DWORD size = sizeof data;
+        DWORD type = REG_NONE;
+        if (RegEnumValueW(key.Get(), index, name, &length, nullptr, &type, data, &size) != ERROR_SUCCESS)
+            break;
+        entries[path + L"|" + name] =
+            type == REG_SZ ? std::wstring(reinterpret_cast<const wchar_t*>(data), size / sizeof(wchar_t) - 1)
+                           : L"type " + std::to_wstring(type);
+    }
+    for (const std::wstring& name : Subkeys(key.Get()))
+        AddAll(path + L"\\" + name, entries);
+}
+
+/// The names of all classes, interfaces, libraries and whatever else stands two keys deep, with all that belongs to the
+/// component in full. (To read everything in full takes seconds each time.)
 Entries AllEntries() {
     Entries entries;
-    AddEntries(HKEY_CLASSES_ROOT, L"", entries);
+    for (const std::wstring& name : Subkeys(HKEY_CLASSES_ROOT)) {
+        entries[name];
+        if (name.starts_with(L"Tarnvale"))
+            AddAll(name, entries);
+        UniqueKey key;
+        if (RegOpenKeyExW(HKEY_CLASSES_ROOT, name.c_str(), 0, KEY_READ, key.Receive()) != ERROR_SUCCESS)
+            continue;
+        for (const std::wstring& subkey : Subkeys(key.Get()))
+            entries[name + L"\\" + subkey];
+    }
+    const std::wstring own = std::wstring(L"CLSID\\") + classId;
+    if (entries.contains(own))
+        AddAll(own, entries);
     return entries;
 }
 
@@ -58,19 +83,18 @@ Entries Difference(const Entries& after, const Entries& before) {
 }
 
 Entries ExpectedEntries(const std::wstring& module) {
-    const std::wstring classId = L"{B1A0C4D5-B52D-44EA-8B0E-F3EEFD3BB67F}";
-    const std::wstring key = L"\\CLSID\\" + classId;
+    const std::wstring key = std::wstring(L"CLSID\\") + classId;
     return {
-        {L"\\Tarnvale.nuxStdParts.1", L""},
-        {L"\\Tarnvale.nuxStdParts.1|", L"nuxStdParts Class"},
-        {L"\\Tarnvale.nuxStdParts.1\\CLSID", L""},
-        {L"\\Tarnvale.nuxStdParts.1\\CLSID|", classId},
-        {L"\\Tarnvale.nuxStdParts", L""},
-        {L"\\Tarnvale.nuxStdParts|", L"nuxStdParts Class"},
-        {L"\\Tarnvale.nuxStdParts\\CLSID", L""},
-        {L"\\Tarnvale.nuxStdParts\\CLSID|", classId},
-        {L"\\Tarnvale.nuxStdParts\\CurVer", L""},
-        {L"\\Tarnvale.nuxStdParts\\CurVer|", L"Tarnvale.nuxStdParts.1"},
+        {L"Tarnvale.nuxStdParts.1", L""},
+        {L"Tarnvale.nuxStdParts.1|", L"nuxStdParts Class"},
+        {L"Tarnvale.nuxStdParts.1\\CLSID", L""},
+        {L"Tarnvale.nuxStdParts.1\\CLSID|", classId},
+        {L"Tarnvale.nuxStdParts", L""},
+        {L"Tarnvale.nuxStdParts|", L"nuxStdParts Class"},
+        {L"Tarnvale.nuxStdParts\\CLSID", L""},
+        {L"Tarnvale.nuxStdParts\\CLSID|", classId},
+        {L"Tarnvale.nuxStdParts\\CurVer", L""},
+        {L"Tarnvale.nuxStdParts\\CurVer|", L"Tarnvale.nuxStdParts.1"},
         {key, L""},
         {key + L"|", L"nuxStdParts Class"},
         {key + L"\\ProgID", L""},

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace nux {
 namespace {
 
@@ -40,6 +42,12 @@ TEST(ChooserLayout, AStoredSizeComesBackUnchanged) {
     EXPECT_EQ(layout.AboveMinimum({451, 321}), (PixelSize{50, 20}));
     EXPECT_EQ(layout.WindowSize(layout.AboveMinimum({451, 321})), (PixelSize{451, 321}));
     EXPECT_EQ(layout.WindowSize({0, 0}), layout.MinimumSize());
+}
+
+TEST(ChooserLayout, AStoredSizeBeyondAllNumbersEndsAtTheMinimum) {
+    const ChooserLayout layout = Layout();
+    const int largest = std::numeric_limits<int>::max();
+    EXPECT_EQ(layout.RaisedToMinimum(layout.WindowSize({largest, largest})), layout.MinimumSize());
 }
 
 }  // namespace

@@ -43,9 +43,15 @@ HWND Application::Find(const char* windowClass, const char* caption) const {
 }
 
 HWND Application::Window(const char* windowClass, const char* caption) const {
-    return WaitFor(std::string("a window of class ") + windowClass + (caption ? " called " : "") +
-                       (caption ? caption : ""),
-                   [&] { return Find(windowClass, caption); });
+    const std::string sought = std::string("a window of class ") + windowClass + (caption ? " called " : "") +
+                               (caption ? caption : "");
+    return WaitFor(sought, [&] {
+        const bool ended = ended_ && *ended_;
+        const HWND found = Find(windowClass, caption);
+        if (!found && ended)
+            throw NotSeen(sought + ": the tested call has returned");
+        return found;
+    });
 }
 
 bool Application::Shows(const char* windowClass, const char* caption) const {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -33,12 +34,18 @@ public:
     /// Whether there is such a window at this moment.
     bool Shows(const char* windowClass, const char* caption = nullptr) const;
 
+protected:
+    /// The windows of a thread that shows none any more as soon as `ended` is true, so that waiting makes no
+    /// sense.
+    Application(DWORD thread, const std::atomic<bool>& ended) : thread_(thread), ended_(&ended) {}
+
 private:
     Application(DWORD process, DWORD thread) : process_(process), thread_(thread) {}
     HWND Find(const char* windowClass, const char* caption) const;
 
-    DWORD process_;
-    DWORD thread_;
+    DWORD process_ = 0;
+    DWORD thread_ = 0;
+    const std::atomic<bool>* ended_ = nullptr;
 };
 
 /// Waits until a window is destroyed. Throws NotSeen.

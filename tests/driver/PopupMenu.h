@@ -8,8 +8,8 @@
 
 namespace driver {
 
-/// A popup menu that is open. Positions count from 0, separators included. It is worked with the real
-/// pointer, which a menu follows in any case. Every operation throws NotSeen.
+/// A popup menu of this process that is open. Positions count from 0, separators included. It is worked with
+/// the real pointer, which a menu follows in any case. Every operation throws NotSeen.
 class PopupMenu {
 public:
     /// Waits for the menu of the application.

@@ -74,7 +74,7 @@ void WithUser(const std::function<void()>& work, const std::function<void(User&)
     const BarrierWindow barrier;
     std::atomic<bool> done = false;
     std::thread second([&] {
-        User person(thread, barrier.Handle());
+        User person(thread, barrier.Handle(), done);
         ULONGLONG grace = patience / 4;  // a window that was told to close needs its time
         try {
             user(person);

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <functional>
 
 #include "tests/driver/Application.h"
@@ -11,8 +12,10 @@ namespace driver {
 /// Who works the windows of the tested thread, from a thread of its own.
 class User : public Application {
 public:
-    /// `barrier` is a window of the tested thread that belongs to the test.
-    User(DWORD thread, HWND barrier) : Application(OfThread(thread)), barrier_(barrier) {}
+    /// `barrier` is a window of the tested thread that belongs to the test; `ended` tells that the tested
+    /// call has returned.
+    User(DWORD thread, HWND barrier, const std::atomic<bool>& ended)
+        : Application(thread, ended), barrier_(barrier) {}
 
     /// Waits until the tested thread has taken whatever was posted to its windows before this call: it is
     /// back in a message loop, be it the same one or that of a window that has opened meanwhile. Real input

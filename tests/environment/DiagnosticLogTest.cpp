@@ -114,7 +114,8 @@ TEST_F(DiagnosticLog, TakesALongText) {
 
 TEST_F(DiagnosticLog, SharesItsFileWithAnotherThatReadsAndWrites) {
     const UniqueFile other(CreateFileA(path_.c_str(), GENERIC_READ | GENERIC_WRITE,
-                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, CREATE_ALWAYS, 0, nullptr));
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, CREATE_ALWAYS, 0,
+                                       nullptr));
     ASSERT_TRUE(other);
     DWORD size = 0;
     WriteFile(other.Get(), "theirs ", 7, &size, nullptr);

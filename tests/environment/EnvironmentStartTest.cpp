@@ -19,7 +19,10 @@ const std::string version = "9.9-test";
 class ChangedValue {
 public:
     ChangedValue(HKEY root, std::string key, std::string name)
-        : root_(root), key_(std::move(key)), name_(std::move(name)), existed_(Registry().QueryValue(key_, name_, &old_)) {}
+        : root_(root),
+          key_(std::move(key)),
+          name_(std::move(name)),
+          existed_(Registry().QueryValue(key_, name_, &old_)) {}
     ChangedValue(const ChangedValue&) = delete;
     ChangedValue& operator=(const ChangedValue&) = delete;
     ~ChangedValue() {
@@ -29,7 +32,9 @@ public:
             Remove();
     }
 
-    void Set(const RegistryValue& value) const { EXPECT_TRUE(Registry().SetValue(key_, name_, value)) << key_; }
+    void Set(const RegistryValue& value) const {
+        EXPECT_TRUE(Registry().SetValue(key_, name_, value)) << key_;
+    }
     void Set(const std::string& text) const { Set(RegistryValue(text)); }
     void Remove() const { Registry().Delete(key_, name_.c_str()); }
 

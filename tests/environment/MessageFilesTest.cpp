@@ -18,7 +18,8 @@ protected:
     static std::string SecondPlace(const std::string& catalogFolder, const std::string& file) {
         return catalogFolder + "locale\\" + LanguageFolders::UserLanguage() + "\\" + file;
     }
-    void WriteSecondPlace(const std::string& catalogFolder, const std::string& file, const std::string& pairs) {
+    void WriteSecondPlace(const std::string& catalogFolder, const std::string& file,
+                          const std::string& pairs) {
         languages_.Folder().Write(SecondPlace(catalogFolder, file), "<Messages>" + pairs + "</Messages>");
     }
 
@@ -52,7 +53,8 @@ TEST_F(MessageFiles, AreComparedWithTheirCaseKept) {
 }
 
 TEST_F(MessageFiles, KeepTheFirstOfTwoEqualIds) {
-    languages_.WriteMessages("Twice_Msgs.xml", Pair("Pin", "first") + Pair("Pin", "second") + Pair("Screw", "") +
+    languages_.WriteMessages("Twice_Msgs.xml", Pair("Pin", "first") + Pair("Pin", "second") +
+                                                   Pair("Screw", "") +
                                                    Pair("Screw", "hidden by the empty one"));
     EXPECT_EQ("first", GetLocalizedMessage("Twice", "Pin"));
     EXPECT_EQ("Screw", GetLocalizedMessage("Twice", "Screw"));
@@ -85,13 +87,15 @@ TEST_F(MessageFiles, LieWithTheirCatalogueInTheSecondPlace) {
 
 TEST_F(MessageFiles, AreTakenFromTheFirstPlaceAlone) {
     languages_.WriteMessages("Both_Msgs.xml", Pair("Pin", "first place"));
-    WriteSecondPlace("catalogs\\Both\\", "Both_Msgs.xml", Pair("Pin", "second place") + Pair("Screw", "unseen"));
+    WriteSecondPlace("catalogs\\Both\\", "Both_Msgs.xml",
+                     Pair("Pin", "second place") + Pair("Screw", "unseen"));
     EXPECT_EQ("first place", GetLocalizedMessage("Both", "Pin"));
     EXPECT_EQ("Screw", GetLocalizedMessage("Both", "Screw"));
 }
 
 TEST_F(MessageFiles, AreTakenFromTheSecondPlaceIfTheFirstIsBroken) {
-    languages_.Folder().Write("locale\\" + LanguageFolders::UserLanguage() + "\\Broken_Msgs.xml", "<Messages>");
+    languages_.Folder().Write("locale\\" + LanguageFolders::UserLanguage() + "\\Broken_Msgs.xml",
+                              "<Messages>");
     WriteSecondPlace("catalogs\\Broken\\", "Broken_Msgs.xml", Pair("Pin", "second place"));
     EXPECT_EQ("second place", GetLocalizedMessage("Broken", "Pin"));
 }
@@ -129,7 +133,8 @@ TEST_F(MessageFiles, AreLookedForInFullUnderACatalogueIdThatDiffersInCase) {
 TEST_F(MessageFiles, GiveTheIdBackForAFileThatIsNotWellFormedOrHoldsNoMessages) {
     const std::string folder = "locale\\" + LanguageFolders::UserLanguage() + "\\";
     languages_.Folder().Write(folder + "Torn_Msgs.xml", "<Messages><MsgID>Pin</MsgID><Text>Stift");
-    languages_.Folder().Write(folder + "Foreign_Msgs.xml", "<Other><MsgID>Pin</MsgID><Text>Stift</Text></Other>");
+    languages_.Folder().Write(folder + "Foreign_Msgs.xml",
+                              "<Other><MsgID>Pin</MsgID><Text>Stift</Text></Other>");
     languages_.Folder().Write(folder + "Deeper_Msgs.xml",
                               "<Messages><Group><MsgID>Pin</MsgID><Text>Stift</Text></Group></Messages>");
     for (const char* catalog : {"Torn", "Foreign", "Deeper"})
@@ -137,11 +142,12 @@ TEST_F(MessageFiles, GiveTheIdBackForAFileThatIsNotWellFormedOrHoldsNoMessages) 
 }
 
 TEST_F(MessageFiles, TakeTheVeryNextNodeForTheTextWhateverItIs) {
-    languages_.WriteMessages("Siblings_Msgs.xml", "<MsgID>Any</MsgID><Anything>any name</Anything>"
-                                                  "<MsgID>Comment</MsgID><!--a comment--><Text>behind it</Text>"
-                                                  "<MsgID>Next</MsgID><MsgID>Follower</MsgID><Text>x</Text>"
-                                                  "<MsgID>Deep</MsgID><Text>one <b>two</b></Text>"
-                                                  "<Text>before</Text><MsgID>Last</MsgID>");
+    languages_.WriteMessages("Siblings_Msgs.xml",
+                             "<MsgID>Any</MsgID><Anything>any name</Anything>"
+                             "<MsgID>Comment</MsgID><!--a comment--><Text>behind it</Text>"
+                             "<MsgID>Next</MsgID><MsgID>Follower</MsgID><Text>x</Text>"
+                             "<MsgID>Deep</MsgID><Text>one <b>two</b></Text>"
+                             "<Text>before</Text><MsgID>Last</MsgID>");
     EXPECT_EQ("any name", GetLocalizedMessage("Siblings", "Any"));
     EXPECT_EQ("a comment", GetLocalizedMessage("Siblings", "Comment"));
     EXPECT_EQ("Follower", GetLocalizedMessage("Siblings", "Next"));
@@ -158,8 +164,9 @@ TEST_F(MessageFiles, GiveTheIdBackForATextThatIsNoString) {
 }
 
 TEST_F(MessageFiles, MayHaveLineBreaksBetweenTheirElementsAndLineFeedsInThem) {
-    languages_.WriteMessages("Breaks_Msgs.xml", "\n  <MsgID>Cannot open:\n%s</MsgID>\r\n\t\n"
-                                                "  <Text>Kann nicht\n%s\n&#246;ffnen</Text>\n");
+    languages_.WriteMessages("Breaks_Msgs.xml",
+                             "\n  <MsgID>Cannot open:\n%s</MsgID>\r\n\t\n"
+                             "  <Text>Kann nicht\n%s\n&#246;ffnen</Text>\n");
     const std::string text = GetLocalizedMessage("Breaks", "Cannot open:\n%s");
     EXPECT_EQ("Kann nicht\n%s\n", text.substr(0, 14)) << text;
 }
@@ -167,20 +174,29 @@ TEST_F(MessageFiles, MayHaveLineBreaksBetweenTheirElementsAndLineFeedsInThem) {
 TEST_F(MessageFiles, HoldTextsInTheCodePageOfTheSystem) {
     if (GetACP() != 1252)
         GTEST_SKIP() << "needs the western code page";
-    languages_.WriteMessages("Umlauts_Msgs.xml", Pair("Bush", "F&#252;hrungsb&#252;chse") + Pair("B&#252;gel", "&#8364;"));
-    EXPECT_EQ("F\xFChrungsb\xFC"
-              "chse",
-              GetLocalizedMessage("Umlauts", "Bush"));
+    languages_.WriteMessages("Umlauts_Msgs.xml",
+                             Pair("Bush", "F&#252;hrungsb&#252;chse") + Pair("B&#252;gel", "&#8364;"));
+    EXPECT_EQ(
+        "F\xFChrungsb\xFC"
+        "chse",
+        GetLocalizedMessage("Umlauts", "Bush"));
     EXPECT_EQ("\x80", GetLocalizedMessage("Umlauts", "B\xFCgel"));
 }
 
 TEST_F(MessageFiles, OfOneLanguageStayWhenAnotherIsChosen) {
     languages_.WriteMessages("Stays_Msgs.xml", Pair("Pin", "Stift"));
     EXPECT_EQ("Stift", GetLocalizedMessage("Stays", "Pin"));
+    const std::string other(ShortLanguageName(LanguageFolders::UserLanguage()));
+    ASSERT_NE("", other);
     const LanguageFolders others;
-    others.StartInUserLanguage();
-    others.WriteMessages("Stays_Msgs.xml", Pair("Pin", "other"));
+    others.Folder().Write("locale\\" + other + "\\Stays_Msgs.xml",
+                          "<Messages>" + Pair("Pin", "other") + "</Messages>");
+    others.Folder().Write("locale\\" + other + "\\Newcomer_Msgs.xml",
+                          "<Messages>" + Pair("Pin", "other") + "</Messages>");
+    InitEnvironment();
+    EXPECT_EQ(other, InterfaceLanguage());
     EXPECT_EQ("Stift", GetLocalizedMessage("Stays", "Pin"));
+    EXPECT_EQ("other", GetLocalizedMessage("Newcomer", "Pin"));
 }
 
 TEST_F(MessageFiles, OfTheCommonCatalogueLieWithAllCataloguesInTheirSecondPlace) {

@@ -133,7 +133,8 @@ TEST_P(ManyMessages, AreFreedOnASmallStack) {
     CloseHandle(thread);
 }
 
-INSTANTIATE_TEST_SUITE_P(InOrder, ManyMessages, testing::Values(Sorted()), [](const auto&) { return "sorted"; });
+INSTANTIATE_TEST_SUITE_P(InOrder, ManyMessages, testing::Values(Sorted()),
+                         [](const auto&) { return "sorted"; });
 INSTANTIATE_TEST_SUITE_P(OutOfOrder, ManyMessages, testing::Values(Shuffled()),
                          [](const auto&) { return "shuffled"; });
 

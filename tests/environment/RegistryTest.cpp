@@ -20,9 +20,11 @@ protected:
     ~RegistryAccess() override { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\nuxStdPartsAXTests"); }
 
     /// Writes a value past the class, with a wide name and as it stands.
-    static void WriteRaw(const std::string& path, const wchar_t* name, DWORD type, const void* bytes, DWORD size) {
+    static void WriteRaw(const std::string& path, const wchar_t* name, DWORD type, const void* bytes,
+                         DWORD size) {
         UniqueKey opened;
-        RegCreateKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, opened.Receive(), nullptr);
+        RegCreateKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, opened.Receive(),
+                        nullptr);
         EXPECT_EQ(ERROR_SUCCESS,
                   RegSetValueExW(opened.Get(), name, 0, type, static_cast<const BYTE*>(bytes), size));
     }
@@ -38,8 +40,8 @@ protected:
     /// A key handle of the test's own, to be closed by the registry object.
     static HKEY OpenRoot() {
         HKEY root = nullptr;
-        EXPECT_EQ(ERROR_SUCCESS, RegCreateKeyExA(HKEY_CURRENT_USER, "Software\\nuxStdPartsAXTests", 0, nullptr, 0,
-                                                 KEY_ALL_ACCESS, nullptr, &root, nullptr));
+        EXPECT_EQ(ERROR_SUCCESS, RegCreateKeyExA(HKEY_CURRENT_USER, "Software\\nuxStdPartsAXTests", 0,
+                                                 nullptr, 0, KEY_ALL_ACCESS, nullptr, &root, nullptr));
         return root;
     }
     static bool IsOpen(HKEY root) {
@@ -51,11 +53,13 @@ protected:
 };
 
 TEST_F(RegistryAccess, ReadsBackWhatItWrote) {
-    EXPECT_TRUE(registry_.SetStringValue(key, "text", "Gr\xF6\xDF"
-                                                      "e"));
-    EXPECT_EQ("Gr\xF6\xDF"
-              "e",
-              ReadString(key, "text"));
+    EXPECT_TRUE(registry_.SetStringValue(key, "text",
+                                         "Gr\xF6\xDF"
+                                         "e"));
+    EXPECT_EQ(
+        "Gr\xF6\xDF"
+        "e",
+        ReadString(key, "text"));
 
     const DWORD written = 0x89ABCDEF;
     EXPECT_TRUE(registry_.SetDWORDValue(key, "number", &written));
@@ -74,10 +78,11 @@ TEST_F(RegistryAccess, WritesEachTypeOfValue) {
         RegistryValue value;
         DWORD type;
     };
-    for (const Case& each : {Case{RegistryValue(7u), REG_DWORD}, Case{RegistryValue("x"s), REG_SZ},
-                             Case{RegistryValue("%TEMP%"s, true), REG_EXPAND_SZ},
-                             Case{RegistryValue("\x01\x02", 2), REG_BINARY}, Case{RegistryValue(nullptr, 0), REG_BINARY},
-                             Case{RegistryValue(std::vector<std::string>{"a", "b"}), REG_MULTI_SZ}}) {
+    for (const Case& each :
+         {Case{RegistryValue(7u), REG_DWORD}, Case{RegistryValue("x"s), REG_SZ},
+          Case{RegistryValue("%TEMP%"s, true), REG_EXPAND_SZ}, Case{RegistryValue("\x01\x02", 2), REG_BINARY},
+          Case{RegistryValue(nullptr, 0), REG_BINARY},
+          Case{RegistryValue(std::vector<std::string>{"a", "b"}), REG_MULTI_SZ}}) {
         ASSERT_TRUE(registry_.SetValue(key, "value", each.value)) << each.type;
         RegistryValue read;
         ASSERT_TRUE(registry_.QueryValue(key, "value", &read)) << each.type;
@@ -190,8 +195,9 @@ TEST_F(RegistryAccess, DeletesTheDefaultValueByItsEmptyName) {
 }
 
 TEST_F(RegistryAccess, DeletesAKeyWithAllThatIsBelowItForANullName) {
-    for (const char* below : {"", "\\a", "\\a\\x", "\\a\\y", "\\a\\y\\z", "\\b", "\\Gr\xF6\xDF"
-                                                                               "e"})
+    for (const char* below : {"", "\\a", "\\a\\x", "\\a\\y", "\\a\\y\\z", "\\b",
+                              "\\Gr\xF6\xDF"
+                              "e"})
         registry_.SetStringValue(key + "\\tree" + below, "value", "x");
     registry_.SetStringValue(key + "\\beside", "value", "x");
     EXPECT_TRUE(registry_.Delete(key + "\\tree", nullptr));

@@ -26,8 +26,8 @@ public:
             content = std::to_string(number);
         else if (value.AsString(&text))
             content = text;
-        return Note(std::to_string(depth) + " " + keyPath.substr(std::min(top.size(), keyPath.size())) + ":" + name +
-                    "=" + content);
+        return Note(std::to_string(depth) + " " + keyPath.substr(std::min(top.size(), keyPath.size())) + ":" +
+                    name + "=" + content);
     }
     int OnKey(const std::string& name, int depth) override {
         return Note(std::to_string(depth) + " [" + name + "]");
@@ -62,15 +62,16 @@ protected:
 
 TEST_F(RegistryWalk, GoesThroughTheValuesOfAKeyAndThenThroughEachSubkey) {
     EXPECT_TRUE(walker_.Enumerate(top.c_str(), both));
-    EXPECT_EQ((Notes{"0 :first=1", "0 :second=5", "0 [a]", "1 \\a:inner=x", "1 [deep]", "2 \\a\\deep:deepest=y",
-                     "0 [b]", "1 \\b:=default"}),
+    EXPECT_EQ((Notes{"0 :first=1", "0 :second=5", "0 [a]", "1 \\a:inner=x", "1 [deep]",
+                     "2 \\a\\deep:deepest=y", "0 [b]", "1 \\b:=default"}),
               walker_.notes);
 }
 
 TEST_F(RegistryWalk, VisitsOnlyWhatItsFlagsTell) {
     EXPECT_TRUE(walker_.Enumerate(top.c_str(), CRegistry::visitValues));
-    EXPECT_EQ((Notes{"0 :first=1", "0 :second=5", "1 \\a:inner=x", "2 \\a\\deep:deepest=y", "1 \\b:=default"}),
-              walker_.notes);
+    EXPECT_EQ(
+        (Notes{"0 :first=1", "0 :second=5", "1 \\a:inner=x", "2 \\a\\deep:deepest=y", "1 \\b:=default"}),
+        walker_.notes);
     walker_.notes.clear();
     EXPECT_TRUE(walker_.Enumerate(top.c_str(), CRegistry::visitKeys));
     EXPECT_EQ((Notes{"0 [a]", "1 [deep]", "0 [b]"}), walker_.notes);

@@ -1,5 +1,5 @@
-// A program that uses the environment from the start of its process, or until its end. The tests run it where they
-// need a process of their own:
+// A program that uses the environment from the start of its process, or until its end. The tests run it where
+// they need a process of their own:
 //     fresh_process log FILE KIND TEXT...    writes entries; KIND is "plain", "stamped", "fatal" or "none"
 //     fresh_process unstarted                tells what holds before the environment was started
 //     fresh_process started GUIPATH          starts the environment and tells what holds then
@@ -38,9 +38,9 @@ int WriteEntries(const std::string& file, const std::string& kind, char** texts)
 }
 
 void Tell() {
-    std::printf("version:%s\nroot:%s\nlanguage:%s\nlogging:%d\nseparator:%s\nOK is:%s\n", ProductVersion().c_str(),
-                GetRegistryRoot().c_str(), InterfaceLanguage().c_str(), IsLoggingEnabled(), DecimalSeparator(),
-                GetLocalizedMessage("", "OK").c_str());
+    std::printf("version:%s\nroot:%s\nlanguage:%s\nlogging:%d\nseparator:%s\nOK is:%s\n",
+                ProductVersion().c_str(), GetRegistryRoot().c_str(), InterfaceLanguage().c_str(),
+                IsLoggingEnabled(), DecimalSeparator(), GetLocalizedMessage("", "OK").c_str());
 }
 
 }  // namespace

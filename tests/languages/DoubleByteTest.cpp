@@ -1,5 +1,5 @@
-// Texts in a code page whose characters have one or two bytes: run with a Japanese locale. The second byte of one of
-// the characters used here is that of the backslash.
+// Texts in a code page whose characters have one or two bytes: run with a Japanese locale. The second byte of
+// one of the characters used here is that of the backslash.
 
 #include <gtest/gtest.h>
 
@@ -70,11 +70,9 @@ TEST_F(DoubleByte, AttributeNodeIsCutLikeAnyOtherWhenItIsReadAsText) {
     EXPECT_EQ(table, GetNodeText(attribute.Get()));
 }
 
-TEST_F(DoubleByte, ElementAndAttributeAreFoundByTheirNames) {
-    // The names are written in UTF-8, the encoding of a file that tells none.
-    const auto root = Root("<a \xE8\xA1\xA8='x'><\xE7\xA4\xBA>y</\xE7\xA4\xBA></a>");
-    EXPECT_EQ("x", GetNodeAttribute(root.Get(), table.c_str()));
-    EXPECT_EQ("y", GetChildNodeText(root.Get(), show.c_str()));
+TEST_F(DoubleByte, AttributeIsFoundByItsName) {
+    // The name is written in UTF-8, the encoding of a file that tells none.
+    EXPECT_EQ("x", GetNodeAttribute(Root("<a \xE8\xA1\xA8='x'/>").Get(), table.c_str()));
 }
 
 TEST_F(DoubleByte, ComponentIsFoundByItsWholeId) {
@@ -88,8 +86,8 @@ TEST_F(DoubleByte, ComponentIsFoundByItsWholeId) {
 TEST_F(DoubleByte, TranslationIsTakenWholeAndItsIdIsCut) {
     languages_.StartInUserLanguage();
     EXPECT_EQ("Japanese", InterfaceLanguage());
-    languages_.WriteMessages("Pins_Msgs.xml",
-                             Pair("Pin", tableXml + showXml) + Pair(tableXml + showXml, "under its first half"));
+    languages_.WriteMessages(
+        "Pins_Msgs.xml", Pair("Pin", tableXml + showXml) + Pair(tableXml + showXml, "under its first half"));
     EXPECT_EQ(table + show, GetLocalizedMessage("Pins", "Pin"));
     EXPECT_EQ("under its first half", GetLocalizedMessage("Pins", table));
     EXPECT_EQ(table + show, GetLocalizedMessage("Pins", table + show));
@@ -104,8 +102,7 @@ TEST_F(DoubleByte, FolderWhoseNameEndsInTheByteOfASeparatorIsFound) {
 
 TEST_F(DoubleByte, DocumentIsLoadedFromAPathOfSuchCharacters) {
     const std::string name = table + "\\" + show + table + ".xml";
-    languages_.Folder().MakeFolder(table);
-    languages_.Folder().Write(table + "\\" + show + table + ".xml", "<a>found</a>");
+    languages_.Folder().Write(name, "<a>found</a>");
     EXPECT_TRUE(FileExists(languages_.Folder().Path() + name));
     EXPECT_TRUE(URLTargetExists(languages_.Folder().Url(name)));
     ComPtr<IXMLDOMDocument> document;

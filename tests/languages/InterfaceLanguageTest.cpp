@@ -1,4 +1,5 @@
-// Run once for each locale, whose name is the program's argument: the environment of the process must have it.
+// Run once for each locale, whose name is the program's argument: the environment of the process must have
+// it.
 
 #include <cstdlib>
 
@@ -62,7 +63,8 @@ TEST_F(InterfaceLanguageTest, BelongsToTheUserThatThePlatformTells) {
 }
 
 TEST_F(InterfaceLanguageTest, IsTheExactOneIfItsFolderIsThere) {
-    EXPECT_EQ(expected_->exactName, Start({expected_->exactName, expected_->shortName, expected_->otherName}));
+    EXPECT_EQ(expected_->exactName,
+              Start({expected_->exactName, expected_->shortName, expected_->otherName}));
 }
 
 TEST_F(InterfaceLanguageTest, IsTheShortenedOneIfOnlyItsFolderIsThere) {

@@ -39,7 +39,8 @@ Ended RunProgram(const std::string& program, const std::string& arguments) {
     start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION process{};
     std::string commandLine = "\"" + OwnFolder() + program + ".exe\" " + arguments;
-    if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process)) {
+    if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                        &process)) {
         ADD_FAILURE() << "can't start " << commandLine;
         return {};
     }

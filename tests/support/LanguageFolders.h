@@ -14,8 +14,8 @@
 
 namespace nux {
 
-/// An installation with the folder of the wizard pages, and a locale folder beside it. At its end the environment is
-/// without a language again.
+/// An installation with the folder of the wizard pages, and a locale folder beside it. At its end the
+/// environment is without a language again.
 class LanguageFolders {
 public:
     LanguageFolders() {

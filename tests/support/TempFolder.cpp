@@ -45,15 +45,21 @@ TempFolder::~TempFolder() {
 }
 
 std::string TempFolder::MakeFolder(const std::string& name) const {
-    for (std::size_t end = name.find('\\'); end != std::string::npos; end = name.find('\\', end + 1))
-        CreateDirectoryA((path_ + name.substr(0, end)).c_str(), nullptr);
+    // Character by character: a byte that looks like a separator may be the second half of another character.
+    for (const char* at = name.c_str(); *at; at = CharNextA(at)) {
+        if (*at == '\\')
+            CreateDirectoryA((path_ + std::string(name.c_str(), at)).c_str(), nullptr);
+    }
     CreateDirectoryA((path_ + name).c_str(), nullptr);
     return path_ + name + "\\";
 }
 
 std::string TempFolder::Write(const std::string& name, std::string_view content) const {
-    if (const std::size_t folder = name.rfind('\\'); folder != std::string::npos)
-        MakeFolder(name.substr(0, folder));
+    const char* separator = nullptr;
+    for (const char* at = name.c_str(); *at; at = CharNextA(at))
+        separator = *at == '\\' ? at : separator;
+    if (separator)
+        MakeFolder(std::string(name.c_str(), separator));
     const std::string path = path_ + name;
     const UniqueFile file(
         CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
