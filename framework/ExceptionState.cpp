@@ -1,9 +1,9 @@
 // What exceptions need of the run-time library, for the module alone, in the place of the library's own.
 //
-// The library takes memory when a thread throws for the first time, and again when there is none for the exception
-// itself and it locks what it has set aside for that. Without any it ends the process, just when std::bad_alloc is
-// thrown. It also leaves two handles of the thread behind when the module is unloaded. Here neither takes what can be
-// missing.
+// The library takes memory when a thread throws for the first time, and again when there is none for the
+// exception itself and it locks what it has set aside for that. Without any it ends the process, just when
+// std::bad_alloc is thrown. It also leaves two handles of the thread behind when the module is unloaded. Here
+// neither takes what can be missing.
 
 #include <windows.h>
 
@@ -49,8 +49,8 @@ public:
 
 private:
     DWORD slot_;
-    /// Of threads that find no memory at their first exception. They share it from then on, which does harm only if
-    /// two of them throw at the same time.
+    /// Of threads that find no memory at their first exception. They share it from then on, which does harm
+    /// only if two of them throw at the same time.
     __cxa_eh_globals lastResort_{};
 };
 

@@ -1,6 +1,5 @@
 // Opened and closed a thousand times, the chooser leaves nothing behind.
 
-
 #include "framework/Module.h"
 #include "tests/chooser/ChooserTest.h"
 #include "tests/driver/Controls.h"

@@ -1,11 +1,11 @@
-// The rules by which an object and its interfaces are one: every interface leads to every other, and IUnknown is
-// always the same pointer.
+// The rules by which an object and its interfaces are one: every interface leads to every other, and IUnknown
+// is always the same pointer.
 
 #include <windows.h>
 
-#include <gtest/gtest.h>
 #include <exdisp.h>
 #include <exdispid.h>
+#include <gtest/gtest.h>
 #include <objsafe.h>
 #include <ocidl.h>
 #include <olectl.h>
@@ -75,8 +75,8 @@ TEST_F(ComIdentity, QueriesAreCounted) {
 }
 
 TEST_F(ComIdentity, WhatIsNotOfferedIsRefusedWithNull) {
-    for (const IID& iid : {IID_IPicture, IID_IOleLink, IID_InuxDataManager, DIID__InuxStdPartsEvents, IID_IMarshal,
-                           IID_IConnectionPoint, IID_IClassFactory, GUID_NULL}) {
+    for (const IID& iid : {IID_IPicture, IID_IOleLink, IID_InuxDataManager, DIID__InuxStdPartsEvents,
+                           IID_IMarshal, IID_IConnectionPoint, IID_IClassFactory, GUID_NULL}) {
         void* out = parts.Get();
         EXPECT_EQ(E_NOINTERFACE, parts->QueryInterface(iid, &out));
         EXPECT_EQ(nullptr, out);
@@ -120,12 +120,12 @@ TEST_F(ComIdentity, TheSinkOfBrowserEventsIsAnObjectOfItsOwnThatKeepsTheControlA
     DISPPARAMS parameters{&argument, nullptr, 1, 0};
     for (const DISPID event : {DISPID{DISPID_BEFORENAVIGATE2}, DISPID{DISPID_DOCUMENTCOMPLETE},
                                DISPID{DISPID_NAVIGATECOMPLETE2}, DISPID{DISPID_ONQUIT}, DISPID{12345}})
-        EXPECT_EQ(S_OK, sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
-                                     nullptr, nullptr));
+        EXPECT_EQ(S_OK, sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                                     nullptr, nullptr, nullptr));
     ReleaseParts();
     EXPECT_EQ(S_FALSE, ModuleCanUnload());
-    EXPECT_EQ(S_OK, sink->Invoke(DISPID_ONQUIT, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
-                                 nullptr, nullptr));
+    EXPECT_EQ(S_OK, sink->Invoke(DISPID_ONQUIT, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                                 nullptr, nullptr, nullptr));
     sink.Reset();
 }
 
@@ -161,7 +161,8 @@ TEST_F(Connections, ThereAreTwoPoints) {
     ASSERT_EQ(2u, found.size());
     EXPECT_EQ(IID_IPropertyNotifySink, found[0]);
     EXPECT_EQ(DIID__InuxStdPartsEvents, found[1]);
-    EXPECT_EQ(CONNECT_E_NOCONNECTION, container->FindConnectionPoint(DIID_DWebBrowserEvents2, point.Receive()));
+    EXPECT_EQ(CONNECT_E_NOCONNECTION,
+              container->FindConnectionPoint(DIID_DWebBrowserEvents2, point.Receive()));
     EXPECT_FALSE(point);
 }
 

@@ -12,8 +12,8 @@ class ControlActivation : public PartsTest {
 protected:
     void SetUp() override {
         PartsTest::SetUp();
-        frame = CreateWindowExA(0, "STATIC", "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 400, 300, nullptr,
-                                nullptr, nullptr, nullptr);
+        frame = CreateWindowExA(0, "STATIC", "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 400, 300,
+                                nullptr, nullptr, nullptr, nullptr);
         site = MakeObject<ControlSite>(frame);
         object = parts.As<IOleObject>(IID_IOleObject);
         inPlace = parts.As<IOleInPlaceObjectWindowless>(IID_IOleInPlaceObjectWindowless);
@@ -58,7 +58,8 @@ TEST_F(ControlActivation, InPlaceActivationAsksTheSiteInOrderAndMakesTheWindow) 
 
 TEST_F(ControlActivation, UserInterfaceActivationComesOnTopAndGoesFirst) {
     EXPECT_EQ(S_OK, Do(OLEIVERB_UIACTIVATE));
-    EXPECT_EQ((Journal{"CanInPlaceActivate", "OnInPlaceActivate", "OnUIActivate", "ShowObject"}), site->calls);
+    EXPECT_EQ((Journal{"CanInPlaceActivate", "OnInPlaceActivate", "OnUIActivate", "ShowObject"}),
+              site->calls);
     site->calls.clear();
     EXPECT_EQ(S_OK, inPlace->InPlaceDeactivate());
     EXPECT_EQ((Journal{"OnUIDeactivate", "OnInPlaceDeactivate"}), site->calls);

@@ -1,5 +1,5 @@
-// The control in a container that is not ours: the platform's own host window makes it by ProgID, shows it, sizes
-// it, saves and loads it, and closes it.
+// The control in a container that is not ours: the platform's own host window makes it by ProgID, shows it,
+// sizes it, saves and loads it, and closes it.
 
 #include <windows.h>
 
@@ -66,8 +66,8 @@ class ControlInThePlatformsHost : public testing::Test {
 protected:
     void SetUp() override {
         Atl();
-        frame = CreateWindowExA(0, "STATIC", "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 400, 300, nullptr,
-                                nullptr, nullptr, nullptr);
+        frame = CreateWindowExA(0, "STATIC", "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 400, 300,
+                                nullptr, nullptr, nullptr, nullptr);
         ASSERT_TRUE(frame);
     }
 
@@ -78,8 +78,8 @@ protected:
 
     /// A host window that makes the control from its text.
     HWND CreateHost(const char* text = "Tarnvale.nuxStdParts") {
-        const HWND host = CreateWindowExA(0, "AtlAxWin", text, WS_CHILD | WS_VISIBLE, 0, 0, 200, 100, frame, nullptr,
-                                          nullptr, nullptr);
+        const HWND host = CreateWindowExA(0, "AtlAxWin", text, WS_CHILD | WS_VISIBLE, 0, 0, 200, 100, frame,
+                                          nullptr, nullptr, nullptr);
         EXPECT_TRUE(host);
         return host;
     }
@@ -189,7 +189,8 @@ TEST_F(ControlInThePlatformsHost, IsSavedToAStreamAndMadeFromItAgain) {
     ULARGE_INTEGER position{};
     EXPECT_EQ(S_OK, stream->Seek(LARGE_INTEGER{}, STREAM_SEEK_CUR, &position));
     EXPECT_EQ(length, position.QuadPart) << "the host has loaded the control";
-    // Since then the host has fitted the control to its window, so what was loaded is seen at a second loading.
+    // Since then the host has fitted the control to its window, so what was loaded is seen at a second
+    // loading.
     const ComPtr<IUnknown> control = ControlIn(host);
     ASSERT_TRUE(control);
     Rewind(stream);

@@ -67,8 +67,8 @@ TEST_F(ControlInterfaces, AStreamOfSomethingElseIsRefusedAndTheExtentStays) {
     object->SetExtent(DVASPECT_CONTENT, &size);
     const DWORD otherVersion[] = {2, 5, 5};
     const DWORD negative[] = {1, 5, static_cast<DWORD>(-5)};
-    for (const auto& [bytes, length] : {std::pair<const void*, ULONG>{"", 0}, {"short", 5}, {otherVersion, 12},
-                                        {negative, 12}}) {
+    for (const auto& [bytes, length] :
+         {std::pair<const void*, ULONG>{"", 0}, {"short", 5}, {otherVersion, 12}, {negative, 12}}) {
         ComPtr<IStream> stream;
         CreateStreamOnHGlobal(nullptr, TRUE, stream.Receive());
         stream->Write(bytes, length, nullptr);
@@ -86,8 +86,9 @@ TEST_F(ControlInterfaces, TheExtentIsSavedAndLoadedThroughAStorage) {
     ComPtr<ILockBytes> bytes;
     CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.Receive());
     ComPtr<IStorage> storage;
-    ASSERT_EQ(S_OK, StgCreateDocfileOnILockBytes(bytes.Get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0,
-                                                 storage.Receive()));
+    ASSERT_EQ(S_OK,
+              StgCreateDocfileOnILockBytes(bytes.Get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
+                                           0, storage.Receive()));
     const auto persist = As<IPersistStorage>(IID_IPersistStorage);
     EXPECT_EQ(S_OK, persist->InitNew(storage.Get()));
     SIZEL size{300, 400};
@@ -174,9 +175,10 @@ TEST_F(ControlInterfaces, TheViewDrawsNothingAndIsHitInsideItsBounds) {
     const auto view = As<IViewObjectEx>(IID_IViewObjectEx);
     const RECTL bounds{0, 0, 100, 50};
     const RECT rect{0, 0, 100, 50};
-    EXPECT_EQ(S_OK, view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, &bounds, nullptr, nullptr, 0));
-    EXPECT_EQ(DV_E_DVASPECT,
-              view->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, nullptr, &bounds, nullptr, nullptr, 0));
+    EXPECT_EQ(S_OK, view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, &bounds, nullptr,
+                               nullptr, 0));
+    EXPECT_EQ(DV_E_DVASPECT, view->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, nullptr, &bounds,
+                                        nullptr, nullptr, 0));
     DWORD status = 1;
     EXPECT_EQ(S_OK, view->GetViewStatus(&status));
     EXPECT_EQ(0u, status) << "transparent";
@@ -266,7 +268,8 @@ TEST_F(ControlInterfaces, ItHasNoPropertyPagesAndNoErrorObjects) {
     CAUUID pages{5, nullptr};
     EXPECT_EQ(S_OK, As<ISpecifyPropertyPages>(IID_ISpecifyPropertyPages)->GetPages(&pages));
     EXPECT_EQ(0u, pages.cElems);
-    EXPECT_EQ(S_FALSE, As<ISupportErrorInfo>(IID_ISupportErrorInfo)->InterfaceSupportsErrorInfo(IID_InuxStdParts));
+    EXPECT_EQ(S_FALSE,
+              As<ISupportErrorInfo>(IID_ISupportErrorInfo)->InterfaceSupportsErrorInfo(IID_InuxStdParts));
 }
 
 TEST_F(ControlInterfaces, ItIsSafeForScriptsAndData) {
@@ -277,7 +280,8 @@ TEST_F(ControlInterfaces, ItIsSafeForScriptsAndData) {
     EXPECT_EQ(S_OK, safety->GetInterfaceSafetyOptions(IID_IDispatch, &supported, &enabled));
     EXPECT_EQ(both, supported);
     EXPECT_EQ(0u, enabled);
-    EXPECT_EQ(S_OK, safety->SetInterfaceSafetyOptions(IID_IDispatch, both, INTERFACESAFE_FOR_UNTRUSTED_CALLER));
+    EXPECT_EQ(S_OK,
+              safety->SetInterfaceSafetyOptions(IID_IDispatch, both, INTERFACESAFE_FOR_UNTRUSTED_CALLER));
     safety->GetInterfaceSafetyOptions(IID_IDispatch, &supported, &enabled);
     EXPECT_EQ(static_cast<DWORD>(INTERFACESAFE_FOR_UNTRUSTED_CALLER), enabled);
     EXPECT_EQ(E_FAIL, safety->SetInterfaceSafetyOptions(IID_IDispatch, 0x80, 0x80)) << "an unknown option";

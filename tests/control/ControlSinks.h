@@ -57,7 +57,8 @@ public:
 
 protected:
     void* FindInterface(REFIID iid) noexcept {
-        return iid == DIID__InuxStdPartsEvents ? static_cast<IDispatch*>(this) : HostDispatch::FindInterface(iid);
+        return iid == DIID__InuxStdPartsEvents ? static_cast<IDispatch*>(this)
+                                               : HostDispatch::FindInterface(iid);
     }
 };
 

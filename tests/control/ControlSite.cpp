@@ -25,8 +25,8 @@ STDMETHODIMP ControlSite::GetWindow(HWND* window) {
     return windowResult;
 }
 
-STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT bounds,
-                                           LPRECT clipping, LPOLEINPLACEFRAMEINFO) {
+STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
+                                           LPRECT bounds, LPRECT clipping, LPOLEINPLACEFRAMEINFO) {
     *frame = nullptr;
     *document = nullptr;
     *bounds = position;

@@ -54,8 +54,10 @@ FailingAllocations::FailingAllocations(HMODULE module) {
     Replace<9>(patches_, module, "OLEAUT32.dll", "LoadTypeLibEx", &LoadTypeLibEx, E_OUTOFMEMORY);
     Replace<10>(patches_, module, "ole32.dll", "CoTaskMemAlloc", &CoTaskMemAlloc, LPVOID{});
     Replace<11>(patches_, module, "ole32.dll", "CoCreateInstance", &CoCreateInstance, E_OUTOFMEMORY);
-    Replace<12>(patches_, module, "ole32.dll", "CreateOleAdviseHolder", &CreateOleAdviseHolder, E_OUTOFMEMORY);
-    Replace<13>(patches_, module, "ole32.dll", "CreateDataAdviseHolder", &CreateDataAdviseHolder, E_OUTOFMEMORY);
+    Replace<12>(patches_, module, "ole32.dll", "CreateOleAdviseHolder", &CreateOleAdviseHolder,
+                E_OUTOFMEMORY);
+    Replace<13>(patches_, module, "ole32.dll", "CreateDataAdviseHolder", &CreateDataAdviseHolder,
+                E_OUTOFMEMORY);
     Replace<14>(patches_, module, "KERNEL32.dll", "HeapAlloc", &HeapAlloc, LPVOID{});
 }
 

@@ -8,8 +8,8 @@
 
 namespace nux {
 
-/// Makes one allocation of the component fail, or that one and all behind it. All functions through which the module
-/// takes memory are replaced for as long as this lives; what other modules take is left alone.
+/// Makes one allocation of the component fail, or that one and all behind it. All functions through which the
+/// module takes memory are replaced for as long as this lives; what other modules take is left alone.
 class FailingAllocations {
 public:
     explicit FailingAllocations(HMODULE module);

@@ -34,7 +34,8 @@ private:
 std::wstring VersionText(const std::wstring& path, const wchar_t* name) {
     DWORD ignored = 0;
     std::vector<BYTE> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
-    if (block.empty() || !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()))
+    if (block.empty() ||
+        !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()))
         return L"no version information";
     void* value = nullptr;
     UINT length = 0;
@@ -46,7 +47,8 @@ std::wstring VersionText(const std::wstring& path, const wchar_t* name) {
         return L"no translation";
     const auto translation = *static_cast<const Translation*>(value);
     wchar_t query[80];
-    std::swprintf(query, 80, L"\\StringFileInfo\\%04x%04x\\%ls", translation.language, translation.codePage, name);
+    std::swprintf(query, 80, L"\\StringFileInfo\\%04x%04x\\%ls", translation.language, translation.codePage,
+                  name);
     if (!VerQueryValueW(block.data(), query, &value, &length))
         return L"no such text";
     return static_cast<const wchar_t*>(value);
@@ -120,7 +122,8 @@ TEST_F(ModuleLife, AnythingAliveHoldsTheModule) {
     ComPtr<IDispatch> data;
     parts->get_DataManager(data.Receive());
     ComPtr<IEnumConnectionPoints> points;
-    parts.As<IConnectionPointContainer>(IID_IConnectionPointContainer)->EnumConnectionPoints(points.Receive());
+    parts.As<IConnectionPointContainer>(IID_IConnectionPointContainer)
+        ->EnumConnectionPoints(points.Receive());
     parts.Reset();
     EXPECT_EQ(S_FALSE, module.CanUnload());
     data.Reset();

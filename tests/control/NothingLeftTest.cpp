@@ -113,7 +113,8 @@ TEST_F(NothingLeft, OfCallsThroughAutomation) {
         parts->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
         DISPPARAMS none{};
         Variant read;
-        parts->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &read, nullptr, nullptr);
+        parts->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &read, nullptr,
+                      nullptr);
     });
 }
 

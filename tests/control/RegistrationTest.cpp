@@ -18,8 +18,8 @@ namespace {
 
 constexpr wchar_t classId[] = L"{B1A0C4D5-B52D-44EA-8B0E-F3EEFD3BB67F}";
 
-/// Keys below HKEY_CLASSES_ROOT, and values as "key|name"; a key maps to "", a string value to its text, and any other
-/// value to the number of its type.
+/// Keys below HKEY_CLASSES_ROOT, and values as "key|name"; a key maps to "", a string value to its text, and
+/// any other value to the number of its type.
 using Entries = std::map<std::wstring, std::wstring>;
 
 std::vector<std::wstring> Subkeys(HKEY key) {
@@ -54,8 +54,8 @@ void AddAll(const std::wstring& path, Entries& entries) {
         AddAll(path + L"\\" + name, entries);
 }
 
-/// The names of all classes, interfaces, libraries and whatever else stands two keys deep, with all that belongs to the
-/// component in full. (To read everything in full takes seconds each time.)
+/// The names of all classes, interfaces, libraries and whatever else stands two keys deep, with all that
+/// belongs to the component in full. (To read everything in full takes seconds each time.)
 Entries AllEntries() {
     Entries entries;
     for (const std::wstring& name : Subkeys(HKEY_CLASSES_ROOT)) {
@@ -165,7 +165,8 @@ TEST_F(Registration, AnUnregisteredClassCannotBeMade) {
 
 TEST_F(Registration, PathsWithBlanksApostrophesAndPercentSignsAreKept) {
     const TempFolder folder;
-    for (const char* name : {"a folder\\nux Std Parts.dll", "it's\\the 'module'.dll", "'.dll", "100%\\MODULE%.dll"}) {
+    for (const char* name :
+         {"a folder\\nux Std Parts.dll", "it's\\the 'module'.dll", "'.dll", "100%\\MODULE%.dll"}) {
         SCOPED_TRACE(name);
         const std::wstring copy = Widen(folder.Write(name, ""));
         ASSERT_TRUE(CopyFileW(path.c_str(), copy.c_str(), FALSE));
