@@ -58,9 +58,8 @@ target_link_libraries(chooser_tests PRIVATE chooser_support component_resources)
 add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
 target_link_libraries(chooser_endurance_tests PRIVATE chooser_support component_resources psapi)
 
-# The programs of the chooser are built here and not run by the test runner yet: five of the 199 cases of chooser_tests
-# fail (a script that opens the chooser, the places of the controls in two dialogs, the menu in German, and the parent of
-# the dialog), and the others have been seen with a decimal point only.
+add_executable(chooser_pictures chooser/pictures.cpp)
+target_link_libraries(chooser_pictures PRIVATE chooser_support component_resources)
 
 # What the tests of the environment run in a process of its own.
 add_executable(fresh_process environment/fresh_process.cpp)
@@ -89,6 +88,6 @@ set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE)
 # What nearly every test includes is compiled once.
 target_precompile_headers(test_support PRIVATE <windows.h> <gtest/gtest.h>)
 foreach(target framework_tests environment_tests control_tests driver driver_tests chooser_support chooser_tests
-        chooser_endurance_tests huge_files_tests language_tests double_byte_tests)
+        chooser_endurance_tests chooser_pictures huge_files_tests language_tests double_byte_tests)
     target_precompile_headers(${target} REUSE_FROM test_support)
 endforeach()
