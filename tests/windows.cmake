@@ -60,6 +60,15 @@ target_link_libraries(chooser_messages_tests PRIVATE chooser_support component_r
 add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
 target_link_libraries(chooser_endurance_tests PRIVATE chooser_support component_resources psapi)
 
+# A decimal point, a decimal comma, double-byte texts. They use the pointer and the desktop's focus.
+foreach(locale en_US de_DE ja_JP)
+    foreach(program chooser_tests chooser_messages_tests)
+        add_test(NAME ${program}_${locale} COMMAND ${program})
+        set_tests_properties(${program}_${locale} PROPERTIES
+            TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
+    endforeach()
+endforeach()
+
 add_executable(chooser_pictures chooser/pictures.cpp)
 target_link_libraries(chooser_pictures PRIVATE chooser_support component_resources)
 
