@@ -51,12 +51,23 @@ add_library(chooser_support STATIC
 target_link_libraries(chooser_support PUBLIC test_support driver)
 
 file(GLOB chooser_tests CONFIGURE_DEPENDS chooser/*Test.cpp)
-list(FILTER chooser_tests EXCLUDE REGEX "/(Chooser|Endurance)Test\\.cpp$")
-add_executable(chooser_tests ${chooser_tests})
-target_compile_definitions(chooser_tests PRIVATE NUX_SCRIPTS="${CMAKE_CURRENT_SOURCE_DIR}/chooser")
+list(FILTER chooser_tests EXCLUDE REGEX "/(Chooser|CommonMessages|Endurance)Test\\.cpp$")
+add_executable(chooser_tests ${chooser_tests} control/HostDoubles.cpp)
+target_compile_definitions(chooser_tests PRIVATE NUX_SCRIPTS="Z:${CMAKE_CURRENT_SOURCE_DIR}/chooser")
 target_link_libraries(chooser_tests PRIVATE chooser_support component_resources)
+add_executable(chooser_messages_tests chooser/CommonMessagesTest.cpp)
+target_link_libraries(chooser_messages_tests PRIVATE chooser_support component_resources)
 add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
 target_link_libraries(chooser_endurance_tests PRIVATE chooser_support component_resources psapi)
+
+# A decimal point, a decimal comma, double-byte texts. They use the pointer and the desktop's focus.
+foreach(locale en_US de_DE ja_JP)
+    foreach(program chooser_tests chooser_messages_tests)
+        add_test(NAME ${program}_${locale} COMMAND ${program})
+        set_tests_properties(${program}_${locale} PROPERTIES
+            TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
+    endforeach()
+endforeach()
 
 add_executable(chooser_pictures chooser/pictures.cpp)
 target_link_libraries(chooser_pictures PRIVATE chooser_support component_resources)
@@ -88,6 +99,6 @@ set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE)
 # What nearly every test includes is compiled once.
 target_precompile_headers(test_support PRIVATE <windows.h> <gtest/gtest.h>)
 foreach(target framework_tests environment_tests control_tests driver driver_tests chooser_support chooser_tests
-        chooser_endurance_tests chooser_pictures huge_files_tests language_tests double_byte_tests)
+        chooser_endurance_tests chooser_messages_tests chooser_pictures huge_files_tests language_tests double_byte_tests)
     target_precompile_headers(${target} REUSE_FROM test_support)
 endforeach()

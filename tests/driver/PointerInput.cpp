@@ -22,6 +22,8 @@ void AskXServer(const std::string& action) {
     if (!CreateProcessA("Z:\\usr\\bin\\xdotool", commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                         nullptr, &start, &process))
         throw NotSeen("xdotool to start");
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
 }
 
 void Send(INPUT& input) {
