@@ -56,7 +56,7 @@ private:
 
     void Show(const char* step) {
         const std::string file = std::to_string(++pictures_) + ".bmp";
-        driver::SavePicture(driver::TakePicture(Surroundings()), folder_ + "\\" + file);
+        driver::SavePicture(driver::TakePictureAtRest(Surroundings()), folder_ + "\\" + file);
         std::printf("  %d  %s\n", pictures_, step);
     }
 

@@ -68,7 +68,7 @@ private:
 
     void Save(const char* state, HWND window) { Save(state, BoundsOf(window)); }
     void Save(const char* state, const RECT& bounds) {
-        driver::SavePicture(driver::TakePicture(bounds), folder_ + state + ".bmp");
+        driver::SavePicture(driver::TakePictureAtRest(bounds), folder_ + state + ".bmp");
         std::printf("%s\n", state);
     }
     /// The chooser and what stands before it.

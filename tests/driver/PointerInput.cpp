@@ -13,7 +13,10 @@ bool RunsOnWine() {
     return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
 }
 
-/// Starts the program that works the devices of the X server. Nothing tells its end.
+unsigned handlesOfInput = 0;
+
+/// Starts the program that works the devices of the X server. Nothing tells its end: Wine leaves `process`
+/// unset for a program of the machine, and keeps a handle of a file for it that nobody can close.
 void AskXServer(const std::string& action) {
     std::string commandLine = "xdotool " + action;
     STARTUPINFOA start{};
@@ -22,8 +25,7 @@ void AskXServer(const std::string& action) {
     if (!CreateProcessA("Z:\\usr\\bin\\xdotool", commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                         nullptr, &start, &process))
         throw NotSeen("xdotool to start");
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    ++handlesOfInput;
 }
 
 void Send(INPUT& input) {
@@ -86,6 +88,10 @@ int KeyOf(PointerButton button) {
 }
 
 }  // namespace
+
+unsigned HandlesOfInput() {
+    return handlesOfInput;
+}
 
 POINT OnScreen(HWND window, POINT client) {
     ClientToScreen(window, &client);

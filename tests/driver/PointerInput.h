@@ -37,4 +37,7 @@ private:
     WORD virtualKey_;
 };
 
+/// How many handles of this process all input so far has left open: one for each act on Wine, none elsewhere.
+unsigned HandlesOfInput();
+
 }  // namespace driver
