@@ -4,6 +4,7 @@
 #include "tests/chooser/ChooserTest.h"
 #include "tests/driver/Controls.h"
 #include "tests/driver/Input.h"
+#include "tests/driver/PointerInput.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/PrivateMemory.h"
 
@@ -38,7 +39,7 @@ struct Holdings {
                 DeleteObject(icon.hbmMask);
             }
         }
-        now.handles = HandleCount();
+        now.handles = HandleCount() - driver::HandlesOfInput();
         now.objects = LiveObjects();
         now.memory = static_cast<decltype(now.memory)>(PrivateMemory());
         return now;
