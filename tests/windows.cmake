@@ -78,6 +78,7 @@ target_link_libraries(chooser_pictures PRIVATE chooser_support component_resourc
 add_executable(fresh_process environment/fresh_process.cpp)
 target_link_libraries(fresh_process PRIVATE component decisions platform)
 add_dependencies(environment_tests fresh_process resource_german)
+target_sources(environment_tests PRIVATE control/ImportPatch.cpp)
 
 nux_windows_test(huge_files_tests environment/huge/HugeFilesTest.cpp)
 
@@ -92,11 +93,15 @@ foreach(locale de_AT de_CH de_DE en_US ja_JP cy_GB gl_ES)
 endforeach()
 nux_windows_test(double_byte_tests languages/DoubleByteTest.cpp)
 # Wine makes files with names beyond ASCII only if the machine has the locale. The machine's neutral one, under the
-# name of the Japanese, is enough.
-file(COPY /usr/lib/locale/C.utf8/ DESTINATION ${PROJECT_BINARY_DIR}/machine_locales/ja_JP.UTF-8)
+# names of the others, is enough.
+foreach(locale ja_JP en_US)
+    file(COPY /usr/lib/locale/C.utf8/ DESTINATION ${PROJECT_BINARY_DIR}/machine_locales/${locale}.UTF-8)
+endforeach()
 set_tests_properties(double_byte_tests PROPERTIES
     RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=ja_JP.UTF-8;LOCPATH=${PROJECT_BINARY_DIR}/machine_locales")
-set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE)
+# In this time zone a stamp of the system's clock differs from one of the local clock.
+set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE
+    ENVIRONMENT "LC_ALL=en_US.UTF-8;LOCPATH=${PROJECT_BINARY_DIR}/machine_locales;TZ=XYZ-5:30")
 
 # What nearly every test includes is compiled once.
 target_precompile_headers(test_support PRIVATE <windows.h> <gtest/gtest.h>)

@@ -4,6 +4,7 @@
 
 #include "tests/control/Component.h"
 #include "tests/control/HostDoubles.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -98,6 +99,18 @@ TEST_F(DataManager, NullPointersAreInvalid) {
         EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.get)(nullptr)) << property.name;
     for (const Property& property : texts)
         EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.get)(nullptr)) << property.name;
+}
+
+TEST_F(DataManager, TextsComeInInTheCodePageOfTheThreadAndGoOutInThatOfTheSystem) {
+    const ThreadLocale locale(russian);
+    for (const Property& property : texts) {
+        SCOPED_TRACE(property.name);
+        Variant value;
+        MakeText(L"\u0416", value);
+        EXPECT_EQ(S_OK, (data.Get()->*property.put)(value));
+        EXPECT_EQ(S_OK, (data.Get()->*property.get)(&value));
+        EXPECT_STREQ(L"\u00c6", value.bstrVal);
+    }
 }
 
 TEST_F(DataManager, WhatWasNotSetFails) {
