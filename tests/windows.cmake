@@ -55,6 +55,8 @@ list(FILTER chooser_tests EXCLUDE REGEX "/(Chooser|Endurance)Test\\.cpp$")
 add_executable(chooser_tests ${chooser_tests})
 target_compile_definitions(chooser_tests PRIVATE NUX_SCRIPTS="${CMAKE_CURRENT_SOURCE_DIR}/chooser")
 target_link_libraries(chooser_tests PRIVATE chooser_support component_resources)
+target_sources(chooser_tests PRIVATE control/FailingAllocations.cpp control/ImportPatch.cpp)
+add_dependencies(chooser_tests nuxStdPartsAX resource_german)
 add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
 target_link_libraries(chooser_endurance_tests PRIVATE chooser_support component_resources psapi)
 

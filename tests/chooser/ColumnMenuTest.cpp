@@ -1,10 +1,13 @@
 // The menu of a column.
 
+#include "resources/resource.h"
 #include "tests/chooser/ChooserTest.h"
+#include "tests/driver/Canvas.h"
 #include "tests/driver/Controls.h"
 #include "tests/driver/Input.h"
 #include "tests/driver/Picture.h"
 #include "tests/driver/PointerInput.h"
+#include "tests/driver/Waiting.h"
 
 namespace nux {
 namespace {
@@ -114,16 +117,18 @@ TEST_F(ColumnMenuWindow, ShowsAnImageBesideEachAction) {
     StoreFilter("A", 4, "0");  // so that no item is gray
     Look(Call({{"A"}, {{"1"}}}), [](Chooser& chooser) {
         const PopupMenu menu = chooser.OpenMenu(1);
-        for (int i = 0; i < menu.Count(); ++i) {
-            if (menu.IsSeparator(i))
-                continue;
-            const RECT bounds = menu.Bounds(i);
-            const driver::Picture picture = driver::TakePicture(bounds);
-            const RECT image{0, 0, 20, picture.height};
-            const int background = picture.Count(image, picture.At(picture.width - 2, 1));
-            const bool hasImage = background < image.right * image.bottom - 20;
-            EXPECT_EQ(hasImage, i != static_cast<int>(MenuItem::Cancel)) << menu.Text(i);
-            EXPECT_GE(bounds.bottom - bounds.top, 16);
+        menu.Highlight(static_cast<int>(MenuItem::Cancel));  // so that none with an image is marked
+        const int icons[] = {IDI_FILTER, IDI_FILTER_OFF, IDI_SORT_ASCENDING, IDI_SORT_DESCENDING};
+        const int shown[] = {IDI_FILTER, IDI_FILTER_OFF, 0, IDI_SORT_ASCENDING, IDI_SORT_DESCENDING, 0, 0};
+        for (int i = 0; i < 7; ++i) {
+            const auto shows = [&](int icon) {
+                return driver::Contains(driver::TakePicture(menu.Bounds(i)),
+                                        driver::IconResource(icon, GetSysColor(COLOR_MENU)));
+            };
+            if (shown[i])
+                driver::WaitFor("the image of an action", [&] { return shows(shown[i]); });
+            for (const int icon : icons)
+                EXPECT_EQ(shows(icon), icon == shown[i]) << i << " " << icon;
         }
         menu.Escape();
     });
