@@ -4,6 +4,7 @@
 #include "tests/chooser/ChooserTest.h"
 #include "tests/driver/Controls.h"
 #include "tests/driver/Input.h"
+#include "tests/driver/PointerInput.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/PrivateMemory.h"
 
@@ -19,6 +20,8 @@ struct Holdings {
     unsigned handles = 0;
     long objects = 0;
     SIZE_T memory = 0;
+    long blocks = 0;
+    long long bytes = 0;
 
     /// Counts them one by one: Wine doesn't tell their number (GetGuiResources), but finds any of them by the
     /// lower half of its handle.
@@ -38,7 +41,19 @@ struct Holdings {
                 DeleteObject(icon.hbmMask);
             }
         }
-        now.handles = HandleCount();
+        HANDLE heaps[64];
+        const DWORD count = GetProcessHeaps(64, heaps);
+        for (DWORD i = 0; i < count; ++i) {
+            PROCESS_HEAP_ENTRY entry{};
+            HeapLock(heaps[i]);
+            while (HeapWalk(heaps[i], &entry))
+                if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) {
+                    ++now.blocks;
+                    now.bytes += entry.cbData;
+                }
+            HeapUnlock(heaps[i]);
+        }
+        now.handles = HandleCount() - driver::HandlesOfInput();
         now.objects = LiveObjects();
         now.memory = static_cast<decltype(now.memory)>(PrivateMemory());
         return now;
@@ -74,6 +89,7 @@ protected:
             "GDI %d, windows %d, menus %d, icons %d, handles %u, objects %ld, memory %+lld KB of %zu KB\n",
             after.gdi, after.windows, after.menus, after.icons, after.handles, after.objects, grown / 1024,
             before.memory / 1024);
+        std::printf("blocks %+ld of %ld, bytes %+lld of %lld\n", after.blocks - before.blocks, before.blocks, after.bytes - before.bytes, before.bytes);
         EXPECT_LT(grown, static_cast<long long>(times) * 256) << "bytes";
     }
 };

@@ -1,5 +1,6 @@
 #include "tests/driver/PointerInput.h"
 
+#include <atomic>
 #include <cctype>
 #include <cstdlib>
 #include <string>
@@ -13,6 +14,8 @@ bool RunsOnWine() {
     return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
 }
 
+std::atomic<unsigned> startedPrograms = 0;
+
 /// Starts the program that works the devices of the X server. Nothing tells its end.
 void AskXServer(const std::string& action) {
     std::string commandLine = "xdotool " + action;
@@ -22,6 +25,7 @@ void AskXServer(const std::string& action) {
     if (!CreateProcessA("Z:\\usr\\bin\\xdotool", commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                         nullptr, &start, &process))
         throw NotSeen("xdotool to start");
+    ++startedPrograms;
 }
 
 void Send(INPUT& input) {
@@ -139,6 +143,10 @@ HeldKey::~HeldKey() {
     } catch (const NotSeen&) {
         // The next one that needs the key will tell.
     }
+}
+
+unsigned HandlesOfInput() {
+    return startedPrograms;
 }
 
 }  // namespace driver

@@ -25,6 +25,10 @@ enum class PointerButton { Left, Right };
 void PressPointer(PointerButton button);
 void ReleasePointer(PointerButton button);
 
+/// How many handles of this process the operations above have used up: Wine keeps one for each program of the
+/// machine that it starts.
+unsigned HandlesOfInput();
+
 /// Holds a key down for as long as it lives: a letter, VK_SHIFT, VK_CONTROL or VK_MENU.
 class HeldKey {
 public:
