@@ -32,7 +32,7 @@ struct ArrayTraits {
 };
 using UniqueArray = UniqueHandle<ArrayTraits>;
 
-/// Copies a value. A script may hand over a reference to its variable, which would outlive that variable.
+/// Copies a value. A script may hand over a reference to its variable; what is kept must not point there.
 HRESULT CopyValue(VARIANT& target, VARIANT& source) noexcept {
     const HRESULT copied = VariantCopyInd(&target, &source);
     return copied == E_INVALIDARG ? DISP_E_BADVARTYPE : copied;
@@ -134,8 +134,6 @@ STDMETHODIMP nuxStdParts::get_GlobalData(VARIANT* pVal) {
 }
 
 STDMETHODIMP nuxStdParts::put_GlobalData(VARIANT newVal) {
-    // A script may hand over a reference to its variable, which the field would outlive: the value itself is
-    // kept.
     Variant value;
     const HRESULT copied = CopyValue(value, newVal);
     if (FAILED(copied)) {

@@ -36,7 +36,7 @@ nuxStdParts::nuxStdParts()
     : OleControl(ControlWindowClass(), identity), m_DataManager(MakeObject<nuxDataManager>().Get()) {}
 
 void nuxStdParts::OnLastRelease() noexcept {
-    InPlaceDeactivate();
+    ReleaseContainer();
     RevokeActiveObject(m_ActiveObjectCookie, nullptr);
     m_EditedComponent.Reset();
     WithdrawHost3D(this);
@@ -46,6 +46,11 @@ void nuxStdParts::OnLastRelease() noexcept {
     m_ExternalDispatch.Reset();
     ClearLogFile();
     ClearXMLDocumentCache();
+    Variant last;
+    m_GlobalData.Swap(last);
+    VariantClear(&last);
+    WithdrawHost3D(this);  // what has been released since may have called in and set it again
+    m_3D.Reset();
 }
 
 void* nuxStdParts::FindInterface(REFIID iid) noexcept {
@@ -57,6 +62,7 @@ void* nuxStdParts::FindInterface(REFIID iid) noexcept {
 }
 
 STDMETHODIMP nuxStdParts::SetExternalDispatch(IDispatch* pDisp) {
+    const ComPtr<InuxStdParts> self(this);  // the host that is called may let go of the object
     m_ExternalDispatch = ComPtr<IDispatch>(pDisp);
     if (!pDisp)
         return E_INVALIDARG;
@@ -81,6 +87,8 @@ STDMETHODIMP nuxStdParts::get_nux3D(IDispatch** pVal) {
 }
 
 STDMETHODIMP nuxStdParts::put_nux3D(IDispatch* newVal) {
+    // Folders of catalogues are asked of the pointer that SetTRNVPaths has handed on; it must not outlive
+    // this.
     if (newVal != m_3D.Get())
         WithdrawHost3D(this);
     m_3D = ComPtr<IDispatch>(newVal);

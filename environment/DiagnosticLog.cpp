@@ -6,14 +6,13 @@
 #include <cstdlib>
 
 #include "framework/Handles.h"
-#include "framework/ProcessWide.h"
 
 namespace nux {
 namespace {
 
 std::string& LogFile() noexcept {
-    static ProcessWide<std::string> path;
-    return path.Get();
+    static std::string path;
+    return path;
 }
 
 }  // namespace

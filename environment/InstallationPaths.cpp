@@ -5,7 +5,6 @@
 #include "Inux3D.h"
 #include "framework/Automation.h"
 #include "framework/ComPtr.h"
-#include "framework/ProcessWide.h"
 
 namespace nux {
 namespace {
@@ -19,8 +18,8 @@ struct OwnedHost {
 
 /// The 3D sides of all owners; the last one counts.
 std::vector<OwnedHost>& Hosts() noexcept {
-    static ProcessWide<std::vector<OwnedHost>> hosts;
-    return hosts.Get();
+    static std::vector<OwnedHost> hosts;
+    return hosts;
 }
 
 }  // namespace

@@ -93,6 +93,11 @@ ConnectionPoints::ConnectionPoints(std::initializer_list<IID> outgoing) {
         points_.emplace_back(*this, iid);
 }
 
+void ConnectionPoints::ReleaseConnections() noexcept {
+    for (ConnectionPoint& point : points_)
+        point.ReleaseConnections();
+}
+
 STDMETHODIMP ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** enumeration) {
     if (!enumeration)
         return E_POINTER;

@@ -30,6 +30,8 @@ public:
     STDMETHODIMP Unadvise(DWORD cookie) override;
     STDMETHODIMP EnumConnections(IEnumConnections** enumeration) override;
 
+    void ReleaseConnections() noexcept { std::vector<Connection>().swap(connections_); }
+
 private:
     struct Connection {
         DWORD cookie;
@@ -50,6 +52,10 @@ public:
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** enumeration) override;
     /// CONNECT_E_NOCONNECTION for an interface that is not outgoing here.
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
+
+protected:
+    /// Lets go of all sinks.
+    void ReleaseConnections() noexcept;
 
 private:
     std::list<ConnectionPoint> points_;

@@ -28,6 +28,11 @@ void ControlView::NotifyViewChanged() noexcept {
     }
 }
 
+void ControlView::ReleaseViewSinks() noexcept {
+    viewSink_.Reset();
+    dataSinks_.Reset();
+}
+
 STDMETHODIMP ControlView::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC, LPCRECTL, LPCRECTL,
                                BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
     return aspect == DVASPECT_CONTENT ? S_OK : DV_E_DVASPECT;

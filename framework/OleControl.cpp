@@ -33,6 +33,14 @@ OleControl::OleControl(const WindowClass& windowClass, const Identity& identity)
       identity_(identity),
       windowClass_(windowClass) {}
 
+void OleControl::ReleaseContainer() noexcept {
+    InPlaceDeactivate();
+    site_.Reset();
+    sinks_.Reset();
+    ReleaseViewSinks();
+    ReleaseConnections();
+}
+
 void* OleControl::FindControlInterface(REFIID iid) noexcept {
     if (iid == IID_IOleObject)
         return static_cast<IOleObject*>(this);
@@ -54,6 +62,7 @@ void* OleControl::FindControlInterface(REFIID iid) noexcept {
 }
 
 STDMETHODIMP OleControl::SetClientSite(IOleClientSite* site) {
+    const ComPtr<IOleObject> self(this);
     if (!site)
         InPlaceDeactivate();
     site_ = ComPtr<IOleClientSite>(site);
@@ -68,6 +77,7 @@ STDMETHODIMP OleControl::GetClientSite(IOleClientSite** site) {
 }
 
 STDMETHODIMP OleControl::Close(DWORD saveOption) {
+    const ComPtr<IOleObject> self(this);
     InPlaceDeactivate();
     if (const ComPtr<IOleClientSite> site = site_; site && dirty_ && saveOption != OLECLOSE_NOSAVE)
         site->SaveObject();
@@ -77,6 +87,7 @@ STDMETHODIMP OleControl::Close(DWORD saveOption) {
 }
 
 STDMETHODIMP OleControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) {
+    const ComPtr<IOleObject> self(this);
     switch (verb) {
         case OLEIVERB_PRIMARY:
         case OLEIVERB_SHOW:
@@ -112,6 +123,7 @@ HRESULT OleControl::ActivateInPlace(bool withUserInterface) {
             const HRESULT activated = site->OnInPlaceActivate();
             if (FAILED(activated)) {
                 inPlaceSite_.Reset();
+                Destroy();  // of an activation that was asked for meanwhile
                 return activated;
             }
         }
@@ -121,7 +133,7 @@ HRESULT OleControl::ActivateInPlace(bool withUserInterface) {
             InPlaceDeactivate();
             return shown;
         }
-        if (withUserInterface)
+        if (withUserInterface && inPlaceSite_)
             ActivateUserInterface(*site.Get(), context);
         if (inPlaceSite_)
             client->ShowObject();
@@ -166,6 +178,7 @@ void OleControl::ActivateUserInterface(IOleInPlaceSite& site, const InPlaceConte
 }
 
 STDMETHODIMP OleControl::InPlaceDeactivate() {
+    const ComPtr<IOleObject> self(this);
     UIDeactivate();
     // Destroying the window tells the container's window, which may come back here.
     const ComPtr<IOleInPlaceSite> site = std::move(inPlaceSite_);
@@ -176,6 +189,7 @@ STDMETHODIMP OleControl::InPlaceDeactivate() {
 }
 
 STDMETHODIMP OleControl::UIDeactivate() {
+    const ComPtr<IOleObject> self(this);
     const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
     if (!std::exchange(userInterfaceActive_, false) || !site)
         return S_OK;

@@ -86,6 +86,7 @@ protected:
     void* FindView(REFIID iid) noexcept;
     /// Tells containers that watch the view that the extent has changed.
     void NotifyViewChanged() noexcept;
+    void ReleaseViewSinks() noexcept;
 
 private:
     ComPtr<IAdviseSink> viewSink_;
@@ -191,9 +192,13 @@ protected:
     OleControl(const WindowClass& windowClass, const Identity& identity);
 
     void* FindControlInterface(REFIID iid) noexcept;
+    /// Ends the activation and lets go of the site and all sinks. For OnLastRelease: each may call in.
+    void ReleaseContainer() noexcept;
     const Identity& GetIdentity() const noexcept override { return identity_; }
 
 private:
+    // A site that is called may let go of the control: what calls it holds a reference of its own.
+
     /// Where the site shows the control.
     struct InPlaceContext {
         HRESULT Read(IOleInPlaceSite& site) noexcept;

@@ -14,6 +14,12 @@ namespace nux {
 /// Throws HResultError if the module holds no description of `guid`.
 ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid);
 
+/// IDispatch::GetIDsOfNames by the type description of `guid`.
+/// @param names  a member, or a member and behind it its arguments; `count` of them
+/// @param ids    receives `count` numbers
+/// @return S_OK, or DISP_E_UNKNOWNNAME; throws as TypeInfoOf does
+HRESULT FindMembers(REFGUID guid, LPOLESTR* names, UINT count, DISPID* ids);
+
 /// Drops the type descriptions that are kept. Called when the module may be unloaded.
 void ReleaseTypeInfos() noexcept;
 
@@ -43,7 +49,7 @@ public:
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
         if (!names || !ids)
             return E_POINTER;
-        return Guarded([&] { return TypeInfoOf(*iid)->GetIDsOfNames(names, count, ids); });
+        return Guarded([&] { return FindMembers(*iid, names, count, ids); });
     }
 
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,

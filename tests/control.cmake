@@ -4,7 +4,7 @@
 file(GLOB control_support CONFIGURE_DEPENDS control/*.cpp)
 list(FILTER control_support EXCLUDE REGEX "Test\\.cpp$")
 target_sources(control_tests PRIVATE ${control_support})
-target_link_libraries(control_tests PRIVATE psapi version)
+target_link_libraries(control_tests PRIVATE version)
 add_dependencies(control_tests nuxStdPartsAX)
 # They register the component anew and use the desktop's focus.
 set_tests_properties(control_tests PROPERTIES RUN_SERIAL TRUE)

@@ -56,7 +56,7 @@ private:
 
     void Show(const char* step) {
         const std::string file = std::to_string(++pictures_) + ".bmp";
-        driver::SavePicture(driver::TakePicture(Surroundings()), folder_ + "\\" + file);
+        driver::SavePicture(driver::TakePictureAtRest(Surroundings()), folder_ + "\\" + file);
         std::printf("  %d  %s\n", pictures_, step);
     }
 
@@ -119,21 +119,11 @@ private:
         Show("the filter is on, its mark stands in the caption");
     }
 
-    /// Moves the pointer of the whole desktop: this program has no window of its own that input would pass
-    /// through.
-    static void MovePointer(POINT to) {
-        SetCursorPos(to.x, to.y);
-        driver::WaitFor("the pointer to arrive at " + std::to_string(to.x) + "," + std::to_string(to.y), [&] {
-            POINT now{};
-            return GetCursorPos(&now) && now.x == to.x && now.y == to.y;
-        });
-    }
-
     void UseQuickFilter() {
         const int rows = list_.RowCount();
         const POINT start =
             driver::OnScreen(list_.Handle(), list_.CellMiddle(FirstRowInSight(), threadColumn));
-        MovePointer(start);
+        driver::MovePointer(start);
         driver::PressPointer(driver::PointerButton::Right);
         const HWND values = driver::WaitFor("the quick filter", [&]() -> HWND {
             const HWND window = WindowFromPoint(start);
@@ -142,7 +132,7 @@ private:
         RECT client{};
         GetClientRect(GetParent(values), &client);
         for (int step = 1; step <= 2; ++step)  // down to the second of eight rows
-            MovePointer({start.x, start.y + client.bottom * step / 16});
+            driver::MovePointer({start.x, start.y + client.bottom * step / 16});
         driver::WaitFor("the highlight", [&] { return HighlightTop(values) > 0; });
         Show("the right button on a cell holds the quick filter open");
         driver::ReleasePointer(driver::PointerButton::Right);

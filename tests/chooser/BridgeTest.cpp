@@ -2,6 +2,7 @@
 
 #include "tests/chooser/ChooserTest.h"
 #include "tests/chooser/TestedThreadWindow.h"
+#include "tests/control/HostDoubles.h"
 #include "tests/driver/Controls.h"
 
 namespace nux {
@@ -189,54 +190,20 @@ TEST_F(Bridge, TheActiveWindowIsTheParent) {
     EXPECT_TRUE(IsWindowEnabled(active.Handle()));
 }
 
-/// The object whose property tells the host's main window.
-class HostObject : public IDispatch {
-public:
-    explicit HostObject(HWND window) : window_(window) {}
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        const bool known = iid == IID_IUnknown || iid == IID_IDispatch;
-        *object = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }  // it lives on the stack of its test
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-        *count = 0;
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
-        if (lstrcmpiW(names[0], L"MainWindowHWND") != 0)
-            return DISP_E_UNKNOWNNAME;
-        ids[0] = 1;
-        return S_OK;
-    }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                        UINT*) override {
-        asked_ = true;
-        result->vt = VT_I4;
-        result->lVal = static_cast<LONG>(reinterpret_cast<LONG_PTR>(window_));
-        return S_OK;
-    }
-    bool Asked() const { return asked_; }
-
-private:
-    HWND window_;
-    bool asked_ = false;
-};
-
 TEST_F(Bridge, TheHostsMainWindowIsNotTheParent) {
     const TestedThreadWindow main, active;
     main.Show();
     active.Show();
     SetActiveWindow(active.Handle());
-    HostObject host(main.Handle());
-    Object().SetExternalDispatch(&host);
-    EXPECT_TRUE(host.Asked());
+    const auto host = MakeObject<NamedProperties>();
+    host->SetNumber(L"MainWindowHWND", HandleToLong(main.Handle()));
+    const auto side = MakeObject<Host3D>();
+    ASSERT_EQ(Object().put_nux3D(side.Get()), S_OK);
+    ASSERT_EQ(Object().SetExternalDispatch(host.Get()), S_OK);
+    EXPECT_EQ(host->lastRead.flags, DISPATCH_PROPERTYGET) << "the component does not know the main window";
     HWND owner = nullptr;
     Look(Call({{"A"}, {{"1"}}}), [&](Chooser& chooser) { owner = GetWindow(chooser.Window(), GW_OWNER); });
     EXPECT_EQ(owner, active.Handle());
-    Object().SetExternalDispatch(nullptr);
 }
 
 }  // namespace

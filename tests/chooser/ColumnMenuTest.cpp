@@ -167,22 +167,5 @@ TEST_F(ColumnMenuWindow, AFilterThatWasDefinedShowsItsMarkAndNoneTakesItAway) {
     });
 }
 
-TEST_F(ColumnMenuWindow, TextsComeFromTheCommonMessages) {
-    Translate("COMMON", {{"Define filter...", "Filter bestimmen..."},
-                         {"Turn off filter", "Filter aus"},
-                         {"Sort in ascending order", "Aufsteigend"},
-                         {"Sort in descending order", "Absteigend"},
-                         {"Cancel", "Abbrechen"}});
-    Look(Call({{"A"}, {{"1"}}}), [](Chooser& chooser) {
-        const PopupMenu menu = chooser.OpenMenu(1);
-        EXPECT_EQ(menu.Text(0), "Filter bestimmen...");
-        EXPECT_EQ(menu.Text(1), "Filter aus");
-        EXPECT_EQ(menu.Text(3), "Aufsteigend");
-        EXPECT_EQ(menu.Text(4), "Absteigend");
-        EXPECT_EQ(menu.Text(6), "Abbrechen");
-        menu.Escape();
-    });
-}
-
 }  // namespace
 }  // namespace nux

@@ -438,8 +438,11 @@ TEST_F(FilterDialogTest, HasItsControlsWhereTheTemplatePutsThem) {
                         {IDCANCEL, 195, 125, 50, 14}};
     Define([&](Chooser&, FilterDialog& dialog) {
         for (const auto& [id, x, y, width, height] : places) {
-            RECT expected{x, y, x + width, y + height};
-            MapDialogRect(dialog.Window(), &expected);
+            // The window system turns a control's width into pixels by itself, not as the distance of its
+            // edges, which may be rounded another way.
+            RECT units{x, y, width, height};
+            MapDialogRect(dialog.Window(), &units);
+            const RECT expected{units.left, units.top, units.left + units.right, units.top + units.bottom};
             RECT bounds{};
             GetWindowRect(dialog.Item(id), &bounds);
             MapWindowPoints(nullptr, dialog.Window(), reinterpret_cast<POINT*>(&bounds), 2);

@@ -65,21 +65,24 @@ TEST_F(Layout, HasItsControlsWhereTheTemplatePutsThem) {
     Look(call, [](Chooser& chooser) {
         struct {
             HWND control;
-            RECT dialogUnits;
-        } const expected[] = {{chooser.List().Handle(), {7, 7, 7 + 197, 7 + 135}},
-                              {chooser.FiltersOffButton(), {7, 151, 7 + 87, 151 + 14}},
-                              {chooser.OkButton(), {110, 151, 110 + 43, 151 + 14}},
-                              {chooser.CancelButton(), {161, 151, 161 + 43, 151 + 14}}};
-        for (const auto& [control, dialogUnits] : expected) {
-            RECT bounds = dialogUnits;
-            MapDialogRect(chooser.Window(), &bounds);
+            int x, y, width, height;  // dialog units
+            int larger;               // pixels
+        } const expected[] = {{chooser.List().Handle(), 7, 7, 197, 135, 1},
+                              {chooser.FiltersOffButton(), 7, 151, 87, 14, 0},
+                              {chooser.OkButton(), 110, 151, 43, 14, 0},
+                              {chooser.CancelButton(), 161, 151, 43, 14, 0}};
+        for (const auto& [control, x, y, width, height, larger] : expected) {
+            // The window system turns a control's width into pixels by itself, not as the distance of its
+            // edges, which may be rounded another way.
+            RECT units{x, y, width, height};
+            MapDialogRect(chooser.Window(), &units);
             const POINT position = PositionIn(chooser.Window(), control);
-            // The first opening raises the window to its minimum size, which is one pixel above the
-            // template's.
-            EXPECT_NEAR(position.x, bounds.left, 1);
-            EXPECT_NEAR(position.y, bounds.top, 1);
-            EXPECT_NEAR(SizeOf(control).cx, bounds.right - bounds.left, 1);
-            EXPECT_NEAR(SizeOf(control).cy, bounds.bottom - bounds.top, 1);
+            EXPECT_EQ(position.x, units.left);
+            EXPECT_EQ(position.y, units.top);
+            // At the minimum size of the window, one pixel above the template's, the list is one pixel above
+            // it too.
+            EXPECT_EQ(SizeOf(control).cx, units.right + larger);
+            EXPECT_EQ(SizeOf(control).cy, units.bottom + larger);
         }
         const LONG style = GetWindowLongA(chooser.Window(), GWL_STYLE);
         EXPECT_EQ(style & (WS_THICKFRAME | WS_SYSMENU | WS_CAPTION), WS_THICKFRAME | WS_SYSMENU | WS_CAPTION);

@@ -69,7 +69,7 @@ TEST_F(Registered, AScriptGetsTheRowThatItsUserChooses) {
     EXPECT_EQ(driver::ListView(driver::Item(second, IDC_SIZES)).RowCount(), 1);
     driver::Click(driver::Item(second, IDCANCEL));
     EXPECT_EQ(script.Output(),
-              "no names: 80070057\r\n"
+              "no names: 80020005\r\n"
               "names of another kind: 80070057\r\n"
               "rows of another kind: 80070057\r\n"
               "default values of another kind: 80070057\r\n"

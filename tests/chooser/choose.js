@@ -22,6 +22,7 @@ var rows = parse("<r><s A='1' B='x'/><s A='2' B='y'/></r>").selectNodes("s");
 var users = parse("<r><s A='3' B='z'/></r>").selectNodes("s");
 var defaults = parse("<d><B>y</B></d>");
 
+// A null is no object to the platform's own conversion of arguments: the call does not get as far as the component.
 WScript.Echo("no names: " + failure(function () { parts.ChooseDimensions("", "", null, null, rows, users); }));
 WScript.Echo("names of another kind: " +
     failure(function () { parts.ChooseDimensions("", "", defaults, null, rows, users); }));

@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "control/nuxStdParts.h"
 #include "dimensions/ChooseStdDimsControls.h"
@@ -67,7 +68,7 @@ private:
 
     void Save(const char* state, HWND window) { Save(state, BoundsOf(window)); }
     void Save(const char* state, const RECT& bounds) {
-        driver::SavePicture(driver::TakePicture(bounds), folder_ + state + ".bmp");
+        driver::SavePicture(driver::TakePictureAtRest(bounds), folder_ + state + ".bmp");
         std::printf("%s\n", state);
     }
     /// The chooser and what stands before it.
@@ -108,9 +109,7 @@ private:
         dialog.Check(IDC_FILTER_BETWEEN);
         driver::DropDown(dialog.UpperBox());
         user_.Settle();
-        RECT bounds = BoundsOf(dialog.Window());
-        bounds.bottom += 60;
-        Save("filter-between", bounds);
+        Save("filter-between", dialog.Window());  // the open list lies within it
         driver::FoldUp(dialog.UpperBox());
         dialog.SetUpper("5");
         driver::Click(dialog.Item(IDOK));
@@ -166,9 +165,14 @@ private:
     }
 
     void Resized() {
-        int order[] = {0, 2, 1, 3, 4, 5, 6};
-        SendMessageA(chooser_.List().Handle(), LVM_SETCOLUMNORDERARRAY, chooser_.List().ColumnCount(),
-                     reinterpret_cast<LPARAM>(order));
+        const driver::ListView& list = chooser_.List();
+        const std::vector<int> before = list.Order();
+        const POINT thread = list.HeaderMiddle(threadColumn);
+        driver::MovePointer(driver::OnScreen(list.Header(), list.HeaderMiddle(lengthColumn)));
+        driver::PressPointer(driver::PointerButton::Left);
+        driver::DragPointer(driver::OnScreen(list.Header(), {thread.x - 8, thread.y}));
+        driver::ReleasePointer(driver::PointerButton::Left);
+        driver::WaitFor("the column to be dropped", [&] { return list.Order() != before; });
         chooser_.Resize(520, 420);
         Rest();
         Save("resized", chooser_.Window());

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/control/Component.h"
 #include "tests/control/ControlSite.h"
 
@@ -194,8 +196,92 @@ TEST_F(ControlActivation, ItsEndWhileActiveTakesTheWindowAlong) {
     const HWND window = Window();
     object.Reset();
     inPlace.Reset();
+    site->calls.clear();
     ReleaseParts();
     EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ((Journal{"OnUIDeactivate", "OnInPlaceDeactivate"}), site->calls);
+}
+
+TEST_F(ControlActivation, TheFrameIsToldWhichObjectIsActive) {
+    const auto containerFrame = MakeObject<ControlFrame>();
+    site->frame = ComPtr<IOleInPlaceFrame>(containerFrame.Get());
+    Do(OLEIVERB_INPLACEACTIVATE);
+    EXPECT_TRUE(containerFrame->calls.empty());
+    Do(OLEIVERB_UIACTIVATE);
+    EXPECT_EQ((Journal{"active nuxStdParts Class", "SetBorderSpace none"}), containerFrame->calls);
+    containerFrame->calls.clear();
+    inPlace->UIDeactivate();
+    EXPECT_EQ((Journal{"active none"}), containerFrame->calls);
+    site->frame.Reset();
+    EXPECT_EQ(1u, References(containerFrame.Get()));
+}
+
+const char* const callsOfTheSite[] = {"CanInPlaceActivate", "OnInPlaceActivate", "OnUIActivate",
+                                      "ShowObject",         "OnUIDeactivate",    "OnInPlaceDeactivate"};
+
+TEST_F(ControlActivation, ASiteMayCloseItWhileItIsCalled) {
+    for (const char* step : callsOfTheSite) {
+        SCOPED_TRACE(step);
+        site->calls.clear();
+        int closed = 0;
+        site->during = [&](const std::string& call) {
+            if (call == step && ++closed == 1)
+                object->Close(OLECLOSE_NOSAVE);
+        };
+        Do(OLEIVERB_UIACTIVATE);
+        inPlace->InPlaceDeactivate();
+        site->during = nullptr;
+        EXPECT_FALSE(Window());
+        EXPECT_LE(1, closed);
+        EXPECT_EQ(1, std::count(site->calls.begin(), site->calls.end(), "OnInPlaceDeactivate"));
+        EXPECT_EQ(std::count(site->calls.begin(), site->calls.end(), "OnUIActivate"),
+                  std::count(site->calls.begin(), site->calls.end(), "OnUIDeactivate"));
+    }
+}
+
+TEST_F(ControlActivation, ASiteMayTakeItselfAwayWhileItIsCalled) {
+    for (const char* step : callsOfTheSite) {
+        SCOPED_TRACE(step);
+        object->SetClientSite(site.Get());
+        site->during = [&](const std::string& call) {
+            if (call == step)
+                object->SetClientSite(nullptr);
+        };
+        Do(OLEIVERB_UIACTIVATE);
+        inPlace->InPlaceDeactivate();
+        site->during = nullptr;
+        EXPECT_FALSE(Window());
+        ComPtr<IOleClientSite> none;
+        object->GetClientSite(none.Receive());
+        EXPECT_FALSE(none);
+    }
+}
+
+TEST_F(ControlActivation, ASiteMayLetGoOfItWhileItIsCalled) {
+    inPlace.Reset();
+    for (const char* step : callsOfTheSite) {
+        SCOPED_TRACE(step);
+        parts.Reset();
+        bool gone = false;
+        site->during = [&](const std::string& call) {
+            if (call == step && !gone) {
+                gone = true;
+                object->Release();
+            }
+        };
+        Do(OLEIVERB_UIACTIVATE);
+        if (!gone)
+            object->Close(OLECLOSE_NOSAVE);
+        site->during = nullptr;
+        EXPECT_TRUE(gone);
+        (void)object.Detach();
+        EXPECT_EQ(S_OK, ModuleCanUnload());
+        EXPECT_EQ(1u, References(static_cast<IOleClientSite*>(site.Get())));
+        parts = CreateParts();
+        object = parts.As<IOleObject>(IID_IOleObject);
+        object->SetClientSite(site.Get());
+    }
+    inPlace = parts.As<IOleInPlaceObjectWindowless>(IID_IOleInPlaceObjectWindowless);
 }
 
 }  // namespace

@@ -1,6 +1,23 @@
 #include "tests/control/ControlSite.h"
 
+#include "framework/Automation.h"
+
 namespace nux {
+
+void* ControlFrame::FindInterface(REFIID iid) noexcept {
+    return iid == IID_IUnknown || iid == IID_IOleInPlaceFrame ? static_cast<IOleInPlaceFrame*>(this)
+                                                              : nullptr;
+}
+
+STDMETHODIMP ControlFrame::SetBorderSpace(LPCBORDERWIDTHS widths) {
+    calls.push_back(widths ? "SetBorderSpace" : "SetBorderSpace none");
+    return S_OK;
+}
+
+STDMETHODIMP ControlFrame::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR name) {
+    calls.push_back(object ? "active " + Narrow(name, std::wcslen(name)) : "active none");
+    return S_OK;
+}
 
 void* ControlSite::FindInterface(REFIID iid) noexcept {
     if (iid == IID_IUnknown || iid == IID_IOleClientSite)
@@ -12,6 +29,8 @@ void* ControlSite::FindInterface(REFIID iid) noexcept {
 
 HRESULT ControlSite::Note(const char* call, HRESULT result) {
     calls.push_back(call);
+    if (during)
+        during(call);
     return result;
 }
 
@@ -25,9 +44,9 @@ STDMETHODIMP ControlSite::GetWindow(HWND* window) {
     return windowResult;
 }
 
-STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
+STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frameOut, IOleInPlaceUIWindow** document,
                                            LPRECT bounds, LPRECT clipping, LPOLEINPLACEFRAMEINFO) {
-    *frame = nullptr;
+    frame.CopyTo(frameOut);
     *document = nullptr;
     *bounds = position;
     *clipping = clip;

@@ -5,18 +5,47 @@
 #include <ocidl.h>
 #include <ole2.h>
 
+#include <functional>
+#include <string>
+
 #include "tests/control/HostDoubles.h"
 
 namespace nux {
 
+/// A container's frame, which writes down which object is active in it.
+class ControlFrame : public IOleInPlaceFrame {
+public:
+    virtual ~ControlFrame() = default;
+
+    Journal calls;
+
+    STDMETHODIMP GetWindow(HWND*) override { return E_NOTIMPL; }
+    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+    STDMETHODIMP GetBorder(LPRECT) override { return E_NOTIMPL; }
+    STDMETHODIMP RequestBorderSpace(LPCBORDERWIDTHS) override { return E_NOTIMPL; }
+    STDMETHODIMP SetBorderSpace(LPCBORDERWIDTHS widths) override;
+    STDMETHODIMP SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR name) override;
+    STDMETHODIMP InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override { return E_NOTIMPL; }
+    STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) override { return E_NOTIMPL; }
+    STDMETHODIMP RemoveMenus(HMENU) override { return E_NOTIMPL; }
+    STDMETHODIMP SetStatusText(LPCOLESTR) override { return E_NOTIMPL; }
+    STDMETHODIMP EnableModeless(BOOL) override { return E_NOTIMPL; }
+    STDMETHODIMP TranslateAccelerator(LPMSG, WORD) override { return E_NOTIMPL; }
+
+protected:
+    void* FindInterface(REFIID iid) noexcept;
+};
+
 /// A container's site for one control, which writes down what the control asks of it. It offers a window, and
-/// frame and document windows only as null.
+/// a frame if it is given one.
 class ControlSite : public IOleClientSite, public IOleInPlaceSite {
 public:
     explicit ControlSite(HWND window) : window_(window) {}
     virtual ~ControlSite() = default;
 
     Journal calls;
+    std::function<void(const std::string&)> during;  ///< told of each call while it is made; may be empty
+    ComPtr<IOleInPlaceFrame> frame;
     bool offersInPlace = true;
     HRESULT canActivate = S_OK;
     HRESULT onActivate = S_OK;

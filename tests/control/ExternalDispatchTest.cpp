@@ -50,6 +50,27 @@ TEST_F(HostGivesItsObjects, TheHostIsHeldUntilAnotherTakesItsPlace) {
     EXPECT_EQ(2u, References(other.Get()));
 }
 
+TEST_F(HostGivesItsObjects, TheSideMayTakeItselfAwayWhileItIsGivenTheHost) {
+    parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    side->whenAttached = [&] { parts->put_nux3D(nullptr); };
+    EXPECT_EQ(S_OK, parts->SetExternalDispatch(host.Get()));
+    EXPECT_EQ(DISPATCH_PROPERTYGET, host->lastRead.flags) << "the window is read still";
+    side->attached.Reset();
+    EXPECT_EQ(1u, References(static_cast<Inux3D*>(side.Get())));
+}
+
+TEST_F(HostGivesItsObjects, TheSideMayLetGoOfTheObjectWhileItIsGivenTheHost) {
+    parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    side->whenAttached = [&] {
+        parts.Reset();
+        EXPECT_EQ(S_FALSE, ModuleCanUnload()) << "the call goes on in it";
+    };
+    InuxStdParts* const last = parts.Get();
+    EXPECT_EQ(S_OK, last->SetExternalDispatch(host.Get()));
+    side->attached.Reset();
+    EXPECT_EQ(1u, References(host.Get()));
+}
+
 TEST_F(HostGivesItsObjects, GivingTheSameHostTwiceHoldsItOnce) {
     parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
     parts->SetExternalDispatch(host.Get());

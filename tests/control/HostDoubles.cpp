@@ -97,6 +97,8 @@ void* Host3D::FindInterface(REFIID iid) noexcept {
 STDMETHODIMP Host3D::AttachHost(IDispatch* host) {
     calls.push_back("AttachHost");
     attached = ComPtr<IDispatch>(host);
+    if (whenAttached)
+        whenAttached();
     return wizardResult;
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -99,7 +100,8 @@ public:
     HRESULT applicationResult = S_OK;
     ComPtr<IDispatch> application;
     Journal calls;
-    ComPtr<IDispatch> attached;  ///< given to AttachHost
+    ComPtr<IDispatch> attached;          ///< given to AttachHost
+    std::function<void()> whenAttached;  ///< runs in AttachHost; may be empty
 
     STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }

@@ -150,7 +150,7 @@ TEST_F(FolderOfACatalogue, IsWhatTheHostSays) {
     EXPECT_EQ(DISPATCH_METHOD, app->flags);
 }
 
-TEST_F(FolderOfACatalogue, IsAskedOfTheHostThatWasThereWhenThePathsWereSet) {
+TEST_F(FolderOfACatalogue, IsNoLongerAskedOfAHostThatWasTakenAway) {
     parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
     UseInstallation();
     EXPECT_EQ(S_OK, parts->put_nux3D(nullptr));

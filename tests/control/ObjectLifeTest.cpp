@@ -1,11 +1,35 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 #include "tests/control/HostDoubles.h"
+#include "tests/control/ImportPatch.h"
 #include "tests/control/Installation.h"
 #include "tests/control/LifterWizardClass.h"
 
 namespace nux {
 namespace {
+
+/// Does something at its end, as an object of a host may.
+class Parting : public HostDispatch {
+public:
+    explicit Parting(std::function<void()> atEnd) : atEnd_(std::move(atEnd)) {}
+    ~Parting() override { atEnd_(); }
+
+private:
+    std::function<void()> atEnd_;
+};
+
+/// Makes an array of sizes with one element, which is copied.
+void MakeSizes(Variant& sizes, VARIANT& element) {
+    sizes.Receive();
+    sizes.parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
+    sizes.vt = VT_ARRAY | VT_VARIANT;
+    LONG index = 0;
+    SafeArrayPutElement(sizes.parray, &index, &element);
+}
 
 class ObjectLife : public InstallationTest {
 protected:
@@ -57,10 +81,7 @@ TEST_F(ObjectLife, WhatItHoldsIsReleasedInOrder) {
         element.vt = VT_DISPATCH;
         ComPtr<IDispatch>(inSizes.Get()).CopyTo(&element.pdispVal);
         Variant sizes;
-        sizes.parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
-        sizes.vt = VT_ARRAY | VT_VARIANT;
-        LONG index = 0;
-        SafeArrayPutElement(sizes.parray, &index, &element);
+        MakeSizes(sizes, element);
         ComPtr<IDispatch> dispatch;
         parts->get_DataManager(dispatch.Receive());
         EXPECT_EQ(S_OK, dispatch.As<InuxDataManager>(IID_InuxDataManager)->put_CorePlateSizes(sizes));
@@ -106,9 +127,125 @@ TEST_F(ObjectLife, TheEndOfOneLeavesTheOtherWorking) {
     folder.Write("catalogs\\BOLTS\\Catalog.xml", "<Catalog/>");
     ComPtr<IDispatch> document;
     EXPECT_EQ(S_OK, parts->GetComponentsDocument(Bstr(L"BOLTS").Get(), document.Receive()));
+}
+
+TEST_F(ObjectLife, AHostIsAskedForFoldersOnlyWhileAnObjectThatWasGivenItLives) {
     folder.MakeFolder("locale\\English");
-    EXPECT_EQ(S_OK, UseInstallation());
-    EXPECT_EQ(L"x", Localized(L"ENDOFONE", L"x")) << "the host that the dead one gave is not asked any more";
+    const auto application = MakeObject<HostApplication>();
+    side->application = ComPtr<IDispatch>(application.Get());
+    for (const char* id : {"SHARED", "DEAD"}) {
+        WriteMessage(std::string("catalogs\\locale\\English\\") + id + "_Msgs.xml", "Where", "in the root");
+        WriteMessage(std::string("host\\locale\\English\\") + id + "_Msgs.xml", "Where", "with the host");
+        application->folders[Widen(id)] = Widen(folder.Path() + "host\\");
+    }
+    ComPtr<InuxStdParts> first = CreateParts();
+    GiveAll(first);
+    {
+        const ComPtr<InuxStdParts> second = CreateParts();
+        GiveAll(second);
+    }
+    EXPECT_EQ(L"with the host", Localized(L"SHARED", L"Where")) << "the first has it still";
+    first.Reset();
+    side->calls.clear();
+    EXPECT_EQ(L"in the root", Localized(L"DEAD", L"Where"));
+    EXPECT_TRUE(side->calls.empty());
+}
+
+TEST_F(ObjectLife, LogAndDocumentsGoAfterWhatItHolds) {
+    const ComPtr<InuxStdParts> second = CreateParts();
+    GiveAll(parts);
+    EXPECT_EQ(S_OK, parts->put_DebugSessionStatusAndLogFile(Bstr(folder.Path() + "log", CP_ACP).Get()));
+    folder.Write("catalogs\\BOLTS\\Catalog.xml", "<Catalog/>");
+    ComPtr<IDispatch> document;
+    ASSERT_EQ(S_OK, parts->GetComponentsDocument(Bstr(L"BOLTS").Get(), document.Receive()));
+    ULONG referencesThen = 0;
+    parts->SetExternalDispatch(MakeObject<Parting>([&] {
+                                   second->WriteDebugString(Bstr(L"last words").Get());
+                                   referencesThen = References(document.Get());
+                               }).Get());
+    side->attached.Reset();
+    ReleaseParts();
+    EXPECT_NE(std::string::npos, folder.Read("log").find("last words"));
+    EXPECT_LT(1u, referencesThen) << "the document is kept until then";
+    EXPECT_EQ(1u, References(document.Get()));
+}
+
+TEST_F(ObjectLife, WhatIsReleasedAtItsEndMayStillCallIn) {
+    InuxStdParts* const raw = parts.Get();
+    int calls = 0;
+    const auto callIn = [&] {
+        ++calls;
+        const ComPtr<InuxStdParts> again(raw);
+        Variant five;
+        five.vt = VT_I4;
+        five.lVal = 5;
+        EXPECT_EQ(S_OK, again->put_GlobalData(five));
+        EXPECT_EQ(S_OK, again->put_nux3D(static_cast<Inux3D*>(side.Get())));
+        EXPECT_EQ(S_OK, SetPaths(again, catalogs, data, gui, custom));
+    };
+    parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    parts->SetExternalDispatch(MakeObject<Parting>(callIn).Get());
+    side->attached.Reset();
+    Variant global;
+    global.vt = VT_DISPATCH;
+    global.pdispVal = MakeObject<Parting>(callIn).Detach();
+    parts->put_GlobalData(global);
+    global.Receive();
+    ReleaseParts();
+    EXPECT_EQ(2, calls);
+    EXPECT_EQ(1u, References(static_cast<Inux3D*>(side.Get())));
+    EXPECT_EQ(S_OK, ModuleCanUnload());
+    side->calls.clear();
+    parts = CreateParts();
+    Localized(L"AFTEREND", L"x");
+    EXPECT_TRUE(side->calls.empty()) << "the dead one's host";
+}
+
+TEST_F(ObjectLife, AValueThatGoesMayPutAnother) {
+    Variant five;
+    five.vt = VT_I4;
+    five.lVal = 5;
+    Variant global;
+    global.vt = VT_DISPATCH;
+    global.pdispVal = MakeObject<Parting>([&] { parts->put_GlobalData(five); }).Detach();
+    parts->put_GlobalData(global);
+    global.Receive();
+    Variant text;
+    text.vt = VT_BSTR;
+    text.bstrVal = Bstr(L"text").Detach();
+    EXPECT_EQ(S_OK, parts->put_GlobalData(text));
+    Variant read;
+    parts->get_GlobalData(&read);
+    EXPECT_EQ(VT_I4, read.vt) << "the last that was put";
+
+    ComPtr<IDispatch> dispatch;
+    parts->get_DataManager(dispatch.Receive());
+    const auto manager = dispatch.As<InuxDataManager>(IID_InuxDataManager);
+    Variant leaving;
+    leaving.vt = VT_DISPATCH;
+    leaving.pdispVal = MakeObject<Parting>([&] { EXPECT_EQ(S_OK, manager->ClearData()); }).Detach();
+    Variant sizes;
+    MakeSizes(sizes, leaving);
+    EXPECT_EQ(S_OK, manager->put_CavityPlateSizes(sizes));
+    leaving.Receive();
+    MakeSizes(sizes, five);
+    EXPECT_EQ(S_OK, manager->put_CavityPlateSizes(sizes));
+    EXPECT_EQ(E_FAIL, manager->get_CavityPlateSizes(read.Receive())) << "cleared by the old value";
+}
+
+TEST_F(ObjectLife, NoRegistrationAsActiveObjectIsRevokedAtTheEnd) {
+    static std::vector<DWORD> revoked;
+    revoked.clear();
+    const auto note = [](DWORD cookie, void*) -> HRESULT {
+        revoked.push_back(cookie);
+        return S_OK;
+    };
+    HRESULT(WINAPI* const replacement)(DWORD, void*) = note;
+    const ImportPatch patch(LoadedModule(), "OLEAUT32.dll", "RevokeActiveObject",
+                            reinterpret_cast<void*>(replacement));
+    ASSERT_TRUE(patch);
+    ReleaseParts();
+    EXPECT_EQ((std::vector<DWORD>{0}), revoked);
 }
 
 TEST_F(ObjectLife, AnObjectThatAScriptHoldsOutlivesItsHostsReference) {

@@ -1,6 +1,7 @@
 #include "tests/driver/Picture.h"
 
 #include <fstream>
+#include <utility>
 
 #include "tests/driver/Application.h"
 #include "tests/driver/Canvas.h"
@@ -45,6 +46,21 @@ Picture TakePicture(HWND window) {
     RECT bounds{};
     GetWindowRect(window, &bounds);
     return TakePicture(bounds);
+}
+
+Picture TakePictureAtRest(const RECT& screen) {
+    constexpr ULONGLONG rest = 300;  // milliseconds
+    Picture picture = TakePicture(screen);
+    ULONGLONG since = GetTickCount64();
+    WaitFor("a picture that stays the same", [&] {
+        Picture now = TakePicture(screen);
+        if (now.pixels != picture.pixels) {
+            picture = std::move(now);
+            since = GetTickCount64();
+        }
+        return GetTickCount64() - since >= rest;
+    });
+    return picture;
 }
 
 void SavePicture(const Picture& picture, const std::string& path) {

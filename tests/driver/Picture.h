@@ -26,6 +26,10 @@ Picture TakePicture(const RECT& screen);
 /// The same for a window with its frame; what covers it is in the picture too.
 Picture TakePicture(HWND window);
 
+/// The same once it has stayed unchanged for a third of a second: windows of other processes and threads
+/// paint when they come to it. Throws NotSeen.
+Picture TakePictureAtRest(const RECT& screen);
+
 /// Writes a 24-bit BMP file. Throws NotSeen if that fails.
 void SavePicture(const Picture& picture, const std::string& path);
 

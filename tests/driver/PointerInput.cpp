@@ -1,6 +1,5 @@
 #include "tests/driver/PointerInput.h"
 
-#include <atomic>
 #include <cctype>
 #include <cstdlib>
 #include <string>
@@ -14,9 +13,10 @@ bool RunsOnWine() {
     return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
 }
 
-std::atomic<unsigned> startedPrograms = 0;
+unsigned handlesOfInput = 0;
 
-/// Starts the program that works the devices of the X server. Nothing tells its end.
+/// Starts the program that works the devices of the X server. Nothing tells its end: Wine leaves `process`
+/// unset for a program of the machine, and keeps a handle of a file for it that nobody can close.
 void AskXServer(const std::string& action) {
     std::string commandLine = "xdotool " + action;
     STARTUPINFOA start{};
@@ -25,7 +25,7 @@ void AskXServer(const std::string& action) {
     if (!CreateProcessA("Z:\\usr\\bin\\xdotool", commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                         nullptr, &start, &process))
         throw NotSeen("xdotool to start");
-    ++startedPrograms;
+    ++handlesOfInput;
 }
 
 void Send(INPUT& input) {
@@ -89,6 +89,10 @@ int KeyOf(PointerButton button) {
 
 }  // namespace
 
+unsigned HandlesOfInput() {
+    return handlesOfInput;
+}
+
 POINT OnScreen(HWND window, POINT client) {
     ClientToScreen(window, &client);
     return client;
@@ -143,10 +147,6 @@ HeldKey::~HeldKey() {
     } catch (const NotSeen&) {
         // The next one that needs the key will tell.
     }
-}
-
-unsigned HandlesOfInput() {
-    return startedPrograms;
 }
 
 }  // namespace driver

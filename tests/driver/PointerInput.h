@@ -25,10 +25,6 @@ enum class PointerButton { Left, Right };
 void PressPointer(PointerButton button);
 void ReleasePointer(PointerButton button);
 
-/// How many handles of this process the operations above have used up: Wine keeps one for each program of the
-/// machine that it starts.
-unsigned HandlesOfInput();
-
 /// Holds a key down for as long as it lives: a letter, VK_SHIFT, VK_CONTROL or VK_MENU.
 class HeldKey {
 public:
@@ -40,5 +36,8 @@ public:
 private:
     WORD virtualKey_;
 };
+
+/// How many handles of this process all input so far has left open: one for each act on Wine, none elsewhere.
+unsigned HandlesOfInput();
 
 }  // namespace driver

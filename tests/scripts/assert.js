@@ -1,4 +1,5 @@
-// Assertions of the script tests in JScript. run-script puts this file before the test, which calls finish() last.
+// Assertions of the script tests in JScript. run-script puts this file before the test, which calls finish()
+// last.
 
 var checks = 0;
 var failures = 0;

@@ -1,4 +1,5 @@
-' Assertions of the script tests in VBScript. run-script puts this file before the test, which calls Finish last.
+' Assertions of the script tests in VBScript. run-script puts this file before the test, which calls Finish
+' last.
 
 Dim checks, failures
 checks = 0
@@ -38,8 +39,8 @@ Sub Worked(what)
     Raised 0, what
 End Sub
 
-' Ends the test. The last line and the exit code tell whether it has passed. A check whose own arguments fail is left out
-' below On Error Resume Next: that is seen by the number of checks.
+' Ends the test. The last line and the exit code tell whether it has passed. A check whose own arguments fail
+' is left out below On Error Resume Next: that is seen by the number of checks.
 Sub Finish(expectedChecks)
     If checks <> expectedChecks Then Fail checks & " checks were made instead of " & expectedChecks
     If failures = 0 Then

@@ -35,7 +35,8 @@ function testFiles() {
     equal("first\nsecond", read("out\\file.txt"), "SaveFile");
     parts.SaveFile(folder + "out\\file.txt", "");
     equal(0, files.GetFile(folder + "out\\file.txt").Size, "an empty text makes an empty file");
-    raises(E_FAIL, "SaveFile into a missing folder", function() { parts.SaveFile(folder + "missing\\file", "x"); });
+    raises(E_FAIL, "SaveFile into a missing folder",
+           function() { parts.SaveFile(folder + "missing\\file", "x"); });
     raises(E_FAIL, "SaveFile over a folder", function() { parts.SaveFile(folder + "out", "x"); });
 }
 
@@ -43,7 +44,7 @@ function testDocuments() {
     write("catalogs\\BOLTS\\Catalog.xml", "<Catalog><Part><ID>M8</ID><Name>Bolt</Name></Part></Catalog>");
     write("catalogs\\BOLTS\\StdDimensions\\M8.xml", "<Dims><D L='10'/><D L='20'/></Dims>");
     write("custom\\catalogs\\BOLTS\\UsrDimensions\\M8.xml", "<Dims><D L='15'/></Dims>");
-    raises(E_FAIL, "GetComponentsDocument without paths", function() { parts.GetComponentsDocument("BOLTS"); });
+    raises(E_FAIL, "a catalogue without paths", function() { parts.GetComponentsDocument("BOLTS"); });
     usePaths();
 
     var catalogue = parts.GetComponentsDocument("BOLTS");
@@ -53,7 +54,8 @@ function testDocuments() {
     raises(E_FAIL, "an unknown catalogue", function() { parts.GetComponentsDocument("NUTS"); });
     raises(E_FAIL, "an unknown document", function() { parts.GetXMLDocument(url + ".missing"); });
     raises(E_FAIL, "an unknown component", function() { parts.GetStdDimensionNode("BOLTS", "M9"); });
-    raises(E_FAIL, "a component without user's sizes", function() { parts.GetUsrDimensionNode("BOLTS", "M9"); });
+    raises(E_FAIL, "a component without user's sizes",
+           function() { parts.GetUsrDimensionNode("BOLTS", "M9"); });
 
     equal(2, parts.GetStdDimensionNode("BOLTS", "M8").selectNodes("D").length, "GetStdDimensionNode");
     equal(1, parts.GetUsrDimensionNode("BOLTS", "M8").selectNodes("D").length, "GetUsrDimensionNode");
@@ -77,7 +79,8 @@ function testLanguage() {
     equal("", parts.GetInterfaceLanguage(), "no language is installed");
     equal("Bolt", parts.GetLocalizedString("SCRIPTED", "Bolt"), "nothing is translated");
     write("locale\\English\\SCRIPTED_Msgs.xml", "<Messages><MsgID>Bolt</MsgID><T>A bolt</T></Messages>");
-    write("locale\\English\\AutoFeatures_Msgs.xml", "<Messages><MsgID>Bolt</MsgID><T>A feature</T></Messages>");
+    write("locale\\English\\AutoFeatures_Msgs.xml",
+          "<Messages><MsgID>Bolt</MsgID><T>A feature</T></Messages>");
     usePaths();
     equal("English", parts.GetInterfaceLanguage(), "the short name of the language");
     equal("A bolt", parts.GetLocalizedString("SCRIPTED", "Bolt"), "a message");
@@ -96,8 +99,8 @@ function testLog() {
     parts.DebugSessionStatus = 0;
     parts.WriteDebugString("three");
     equal(0, parts.DebugSessionStatus, "the session is over");
-    isTrue(/^\d\d\/\d\d\/\d\d \d\d:\d\d:\d\d one\d\d\/\d\d\/\d\d \d\d:\d\d:\d\d two\n\d\d\/\d\d\/\d\d \d\d:\d\d:\d\d three$/
-               .test(read("log")), "the log");
+    var stamp = /\d\d\/\d\d\/\d\d \d\d:\d\d:\d\d /g;
+    equal("#one#two\n#three", read("log").replace(stamp, "#"), "the log");
     parts.DebugSessionStatus = 7;
     equal(1, parts.DebugSessionStatus, "any number but 0 is 1");
     parts.DebugSessionStatusAndLogFile = "";

@@ -98,7 +98,7 @@ Sub TestDataManager
 End Sub
 
 Sub TestArrays
-    ' The lists of the XML DOM have a length and elements like a script's array; VBScript's own arrays are none.
+    ' The lists of the XML DOM have a length and elements like a script's array; VBScript's arrays don't.
     On Error Resume Next
     Dim sizes, result
     Set sizes = parts.GetStdDimensionNode("BOLTS", "M8")
@@ -140,8 +140,8 @@ Sub TestDocuments
     Worked "SetTRNVPaths"
     Equal "Bolt", parts.GetComponentsDocument("BOLTS").selectSingleNode("//Part[ID='M8']/Name").text, _
         "GetComponentsDocument"
-    Equal "Catalog", parts.GetXMLDocument("file://" & folder & "catalogs\BOLTS\Catalog.xml").documentElement.nodeName, _
-        "GetXMLDocument"
+    Set result = parts.GetXMLDocument("file://" & folder & "catalogs\BOLTS\Catalog.xml")
+    Equal "Catalog", result.documentElement.nodeName, "GetXMLDocument"
     Equal CLng(2), parts.GetStdDimensionNode("BOLTS", "M8").selectNodes("D").length, "GetStdDimensionNode"
     Equal CLng(1), parts.GetUsrDimensionNode("BOLTS", "M8").selectNodes("D").length, "GetUsrDimensionNode"
     Worked "documents"

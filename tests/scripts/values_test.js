@@ -44,7 +44,8 @@ function test() {
     raises(E_FAIL, "RunSlideWizard without a 3D side", function() { parts.RunSlideWizard(); });
 
     var foreign = {MainWindowHWND: 4660};
-    raises(E_FAIL, "SetExternalDispatch without a 3D side", function() { parts.SetExternalDispatch(foreign); });
+    raises(E_FAIL, "SetExternalDispatch without a 3D side",
+           function() { parts.SetExternalDispatch(foreign); });
     equal(1, parts.Initialised, "set before the 3D side is asked");
     parts.nux3D = foreign;
     equal(4660, parts.nux3D.MainWindowHWND, "nux3D");
