@@ -99,10 +99,4 @@ private:
     std::optional<std::wstring> name_;
 };
 
-/// How many references an object has.
-inline ULONG References(IUnknown* object) {
-    object->AddRef();
-    return object->Release();
-}
-
 }  // namespace nux

@@ -2,6 +2,7 @@
 
 #include "tests/chooser/ChooserTest.h"
 #include "tests/chooser/DomDoubles.h"
+#include "tests/control/HostDoubles.h"
 
 namespace nux {
 namespace {
