@@ -116,6 +116,10 @@ TEST_F(ColumnMenuWindow, ActsOnTheColumnThatWasClickedWhereverItStands) {
 TEST_F(ColumnMenuWindow, ShowsAnImageBesideEachAction) {
     StoreFilter("A", 4, "0");  // so that no item is gray
     Look(Call({{"A"}, {{"1"}}}), [](Chooser& chooser) {
+        // Beside the chooser, as not every system puts a menu of another thread in front at once.
+        RECT bounds{};
+        GetWindowRect(chooser.Window(), &bounds);
+        driver::MovePointer({bounds.right + 20, bounds.top});
         const PopupMenu menu = chooser.OpenMenu(1);
         menu.Highlight(static_cast<int>(MenuItem::Cancel));  // so that none with an image is marked
         const int icons[] = {IDI_FILTER, IDI_FILTER_OFF, IDI_SORT_ASCENDING, IDI_SORT_DESCENDING};
@@ -126,7 +130,7 @@ TEST_F(ColumnMenuWindow, ShowsAnImageBesideEachAction) {
                                         driver::IconResource(icon, GetSysColor(COLOR_MENU)));
             };
             if (shown[i])
-                driver::WaitFor("the image of an action", [&] { return shows(shown[i]); });
+                driver::WaitFor("the image of " + menu.Text(i), [&] { return shows(shown[i]); });
             for (const int icon : icons)
                 EXPECT_EQ(shows(icon), icon == shown[i]) << i << " " << icon;
         }
