@@ -81,14 +81,15 @@ protected:
         for (int i = 0; i < times; ++i)
             once(i);
         const Holdings after = Holdings::Now();
-        // The system makes some objects when a window comes to paint itself for the first time, be that late.
+        // Fewer are no leak: objects of other processes count too. The system makes some of its own once, at
+        // any time; what the chooser leaves behind would come each time.
         EXPECT_LT(after.gdi - before.gdi, times / 2);
-        EXPECT_EQ(after.windows, before.windows);
-        EXPECT_EQ(after.menus, before.menus);
-        EXPECT_EQ(after.icons, before.icons);
-        EXPECT_EQ(after.handles, before.handles);
-        EXPECT_EQ(after.objects, before.objects);
         EXPECT_LT(after.blocks - before.blocks, times / 2);
+        EXPECT_LE(after.windows, before.windows);
+        EXPECT_LE(after.menus, before.menus);
+        EXPECT_LE(after.icons, before.icons);
+        EXPECT_LE(after.handles, before.handles);
+        EXPECT_EQ(after.objects, before.objects);
         std::printf(
             "GDI %d %+d, windows %d, menus %d, icons %d, handles %u, objects %ld, blocks %ld %+ld of %zu "
             "bytes\n",

@@ -1,10 +1,9 @@
 // What a refill of the list does, and what it leaves alone.
 
-#include <algorithm>
 #include <atomic>
+#include <utility>
 
 #include "tests/chooser/ChooserTest.h"
-#include "tests/driver/Input.h"
 
 namespace nux {
 namespace {
@@ -15,14 +14,14 @@ using Texts = std::vector<std::string>;
 class MessageRecorder {
 public:
     explicit MessageRecorder(HWND list) : list_(list) {
+        original = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(list, GWLP_WNDPROC));
         current = this;
-        original_ = reinterpret_cast<WNDPROC>(
-            SetWindowLongPtrA(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+        SetWindowLongPtrA(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
     }
     MessageRecorder(const MessageRecorder&) = delete;
     MessageRecorder& operator=(const MessageRecorder&) = delete;
     ~MessageRecorder() {
-        SetWindowLongPtrA(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
+        SetWindowLongPtrA(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original.load()));
         current = nullptr;
     }
 
@@ -31,9 +30,11 @@ public:
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        MessageRecorder* self = current;
+        MessageRecorder* const self = current;
+        if (!self)
+            return CallWindowProcA(original, window, message, wParam, lParam);
         const auto rows = [&] {
-            return std::to_string(CallWindowProcA(self->original_, window, LVM_GETITEMCOUNT, 0, 0));
+            return std::to_string(CallWindowProcA(original, window, LVM_GETITEMCOUNT, 0, 0));
         };
         if (message == WM_SETREDRAW)
             self->seen_.push_back(wParam ? "on " + rows() : "off " + rows());
@@ -41,12 +42,13 @@ private:
             self->seen_.push_back("delete");
         else if (message == LVM_SORTITEMS)
             self->seen_.push_back("sort " + rows());
-        return CallWindowProcA(self->original_, window, message, wParam, lParam);
+        return CallWindowProcA(original, window, message, wParam, lParam);
     }
 
+    // A message may be under way when the recorder goes.
+    static inline std::atomic<WNDPROC> original = nullptr;
     static inline std::atomic<MessageRecorder*> current = nullptr;
     HWND list_;
-    WNDPROC original_;
     Texts seen_;  ///< written by the list's thread, read while that waits for input
 };
 
