@@ -18,12 +18,9 @@ enum class ColumnCommand : unsigned {
 struct ColumnMenuItem {
     const char* text;       ///< English text, to be localised from the common catalogue; null: a separator.
     ColumnCommand command;  ///< Cancel for a separator.
-    int image;              ///< Index in the menu's image list, -1 for none.
+    int image;              ///< 0 to 3: filter, filter turned off, ascending, descending; -1 for none.
     bool enabled;
 };
-
-/// The menu's image list holds so many images: filter, filter turned off, ascending, descending.
-inline constexpr int columnMenuImages = 4;
 
 /// The menu of a column, from top to bottom. Filters are defined for numeric columns only, and only an active
 /// filter can be turned off.

@@ -40,8 +40,7 @@ bool CreateDimensionDocument(std::string folder, const std::string& fileName, IX
     if (!document)
         return false;
     *document = nullptr;
-    if (!folder.empty() && (folder.back() == '/' || folder.back() == '\\'))
-        folder.pop_back();
+    CutClosingSeparator(folder);
     const std::string path = folder + "//" + fileName;
     const std::string url = "file://" + path;
     // The test looks at a name without a separator, so at another file than the URL. That is wanted: it

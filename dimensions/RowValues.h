@@ -16,8 +16,10 @@ namespace nux {
 
 // How a row of a dimension file is read. A row has each dimension as an attribute for the table, and may have
 // it once more as a child element for the lists of values. The nodes that a dimension's name selects are
-// looked up by walking the DOM instead of by a selection expression: the result is the same, the cost a
-// tenth, and a name that makes no well-formed expression, which not every DOM survives, just finds nothing.
+// looked up by walking the DOM instead of by a selection expression. The result is that of the DOM's own
+// selection language, which goes by whole node names (a default namespace makes no difference; it would for a
+// document that its page has switched to XPath); the cost is a tenth, and a name that makes no well-formed
+// expression, which not every DOM survives, just finds nothing.
 
 /// A value in the thread's ANSI code page, as far as it counts: its first 127 bytes. It allocates nothing.
 class CellText {

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -239,11 +240,10 @@ void nuxChooseStdDims::SaveLayout() {
     settings_.SetNumber(ChooserValues::widthAboveMinimum, aboveMinimum.width);
     settings_.SetNumber(ChooserValues::heightAboveMinimum, aboveMinimum.height);
 
+    // Of columns with equal captions the last one counts, wherever it stands: columns go by their index here.
     const std::vector<int> order = ChooserList::ColumnOrder(list_);
-    for (std::size_t position = 0; position < order.size(); ++position) {
-        const int column = order[position];
-        if (!table_.IsDimension(column))
-            continue;
+    for (int column = 1; column < table_.ColumnCount(); ++column) {
+        const auto position = std::find(order.begin(), order.end(), column) - order.begin();
         const std::string& caption = table_.At(column).caption;
         settings_.SetColumnNumber(caption, ColumnValues::width, ListView_GetColumnWidth(list_, column));
         settings_.SetColumnNumber(caption, ColumnValues::order, static_cast<int>(position));

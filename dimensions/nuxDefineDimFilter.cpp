@@ -61,6 +61,13 @@ std::string TextOf(HWND field) {
     return text;
 }
 
+/// The text of a field as it stands.
+std::string WholeTextOf(HWND field) {
+    std::string text(GetWindowTextLengthA(field), '\0');
+    text.resize(GetWindowTextA(field, text.data(), static_cast<int>(text.size()) + 1));
+    return text;
+}
+
 void AddChoice(HWND comboBox, const std::string& text) noexcept {
     SendMessageA(comboBox, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
@@ -163,7 +170,7 @@ void nuxDefineDimFilter::UpdateFields() {
 
 void nuxDefineDimFilter::RefillUpperLimit() {
     const HWND upper = Item(IDC_UPPER_LIMIT);
-    const std::string typed = TextOf(upper);
+    const std::string typed = WholeTextOf(upper);
     SendMessageA(upper, CB_RESETCONTENT, 0, 0);
     for (const std::string& choice :
          UpperLimitChoices(values_, TextOf(Item(IDC_LOWER_LIMIT)), DecimalSeparator()))

@@ -19,11 +19,15 @@ bool FileExists(const std::string& path) noexcept {
     return static_cast<bool>(file);
 }
 
-bool DirectoryExists(std::string path) noexcept {
+void CutClosingSeparator(std::string& path) noexcept {
     // The last byte may be the second half of a double-byte character.
     const char* const last = CharPrevA(path.c_str(), path.c_str() + path.size());
     if (*last == '/' || *last == '\\')
         path.pop_back();
+}
+
+bool DirectoryExists(std::string path) noexcept {
+    CutClosingSeparator(path);
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA(path.c_str(), &found);
     if (search == INVALID_HANDLE_VALUE)

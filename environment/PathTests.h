@@ -8,6 +8,9 @@ namespace nux {
 /// process holds without read sharing, count as missing.
 bool FileExists(const std::string& path) noexcept;
 
+/// Takes one closing separator, a slash or a backslash, off the end of a path.
+void CutClosingSeparator(std::string& path) noexcept;
+
 /// Whether anything of that name exists, a plain file included. One separator at the end is taken off first.
 bool DirectoryExists(std::string path) noexcept;
 

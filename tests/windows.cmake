@@ -42,8 +42,10 @@ include(control.cmake)
 add_library(component_resources OBJECT ${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc)
 get_property(resource_folders SOURCE ${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc
     DIRECTORY ${PROJECT_SOURCE_DIR} PROPERTY INCLUDE_DIRECTORIES)
+get_property(resource_files SOURCE ${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc
+    DIRECTORY ${PROJECT_SOURCE_DIR} PROPERTY OBJECT_DEPENDS)
 set_source_files_properties(${PROJECT_SOURCE_DIR}/resources/nuxStdPartsAX.rc PROPERTIES
-    INCLUDE_DIRECTORIES "${resource_folders}")
+    INCLUDE_DIRECTORIES "${resource_folders}" OBJECT_DEPENDS "${resource_files}")
 add_dependencies(component_resources idl_nuxStdPartsAX)
 
 add_library(chooser_support STATIC
@@ -52,7 +54,9 @@ target_link_libraries(chooser_support PUBLIC test_support driver)
 
 file(GLOB chooser_tests CONFIGURE_DEPENDS chooser/*Test.cpp)
 list(FILTER chooser_tests EXCLUDE REGEX "/(Chooser|CommonMessages|Endurance)Test\\.cpp$")
-add_executable(chooser_tests ${chooser_tests} control/HostDoubles.cpp)
+add_executable(chooser_tests ${chooser_tests} control/FailingAllocations.cpp control/HostDoubles.cpp
+    control/ImportPatch.cpp)
+add_dependencies(chooser_tests nuxStdPartsAX resource_german)
 target_compile_definitions(chooser_tests PRIVATE NUX_SCRIPTS="Z:${CMAKE_CURRENT_SOURCE_DIR}/chooser")
 target_link_libraries(chooser_tests PRIVATE chooser_support component_resources)
 add_executable(chooser_messages_tests chooser/CommonMessagesTest.cpp)

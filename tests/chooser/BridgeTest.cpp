@@ -117,6 +117,23 @@ TEST_F(Bridge, EmptyIdentifiersShareTheDefaultKey) {
     EXPECT_TRUE(KeyExists(Key("A", "TEST", "Default")));
 }
 
+TEST_F(Bridge, AnEmptyCatalogueTranslatesAsTheDefaultOne) {
+    Translate("Default", {{"A", "Breadth"}});
+    ChooserCall call = Call({{"A"}, {{"1"}}});
+    call.catalog = "";
+    Look(call, [](Chooser& chooser) { EXPECT_EQ(chooser.List().Caption(1), "Breadth"); });
+    call.catalog = "TEST";
+    Look(call, [](Chooser& chooser) { EXPECT_EQ(chooser.List().Caption(1), "A"); });
+}
+
+TEST_F(Bridge, IdentifiersBeyondAsciiNameTheKey) {
+    ChooserCall call = Call({{"A"}, {{"1"}}});
+    call.catalog = DoubleByteCodePage() ? "\xE8\xA1\xA8" : "Stifte \xC3\xBC";
+    call.component = DoubleByteCodePage() ? "\xE7\xA4\xBA" : "Gr\xC3\xB6\xC3\x9F";
+    RowsOf(call);
+    EXPECT_TRUE(KeyExists(Key("A", Ansi(call.catalog), Ansi(call.component))));
+}
+
 TEST_F(Bridge, LeavesTheResultUnwrittenOnCancelAndWritesNullWithoutARow) {
     ChooserCall call = Call({{"A"}, {}});
     const ChooserResult cancelled = Choose(call, [](Chooser& chooser) { chooser.Cancel(); });

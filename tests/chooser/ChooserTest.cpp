@@ -81,18 +81,35 @@ ChooserResult ChooserTest::Choose(const ChooserCall& call, const std::function<v
     SetDispatch(standard, RowsBelow(call.standard));
     SetDispatch(users, RowsBelow(call.users));
 
+    return Run(
+        [&](IDispatch** chosen) {
+            return object_->ChooseDimensions(catalog.Get(), component.Get(), names.Get(), defaults, standard,
+                                             users, chosen);
+        },
+        call.title, deeds);
+}
+
+ChooserResult ChooserTest::ChooseFrom(IDispatch* names, const ComPtr<IDispatch>& standard,
+                                      const std::function<void(Chooser&)>& deeds) {
+    Variant none, rows;
+    SetDispatch(rows, standard);
+    return Run(
+        [&](IDispatch** chosen) {
+            return object_->ChooseDimensions(nullptr, nullptr, names, none, rows, none, chosen);
+        },
+        "Choose dimensions", deeds);
+}
+
+ChooserResult ChooserTest::Run(const std::function<HRESULT(IDispatch**)>& call, const char* title,
+                               const std::function<void(Chooser&)>& deeds) {
     ChooserResult result;
     auto* const untouched = reinterpret_cast<IDispatch*>(&result);
     IDispatch* chosen = untouched;
-    driver::WithUser(
-        [&] {
-            result.answer = object_->ChooseDimensions(catalog.Get(), component.Get(), names.Get(), defaults,
-                                                      standard, users, &chosen);
-        },
-        [&](driver::User& user) {
-            Chooser chooser(user);
-            deeds(chooser);
-        });
+    driver::WithUser([&] { result.answer = call(&chosen); },
+                     [&](driver::User& user) {
+                         Chooser chooser(user, title);
+                         deeds(chooser);
+                     });
     result.written = chosen != untouched;
     if (result.written) {
         ComPtr<IDispatch> row;

@@ -29,6 +29,7 @@ struct ChooserCall {
     std::optional<std::string> standard;
     std::optional<std::string> users;
     std::optional<std::string> defaults;
+    const char* title = "Choose dimensions";  ///< of the window that answers
 };
 
 /// What a page gets back.
@@ -54,7 +55,10 @@ protected:
 
     /// Opens the chooser and lets the user do `deeds`, which must end with the chooser closed.
     ChooserResult Choose(const ChooserCall& call, const std::function<void(Chooser&)>& deeds);
-    /// The same, closed with Cancel after the deeds.
+    /// The same with nodes of the test's own. The component is that of empty identifiers.
+    ChooserResult ChooseFrom(IDispatch* names, const ComPtr<IDispatch>& standard,
+                             const std::function<void(Chooser&)>& deeds);
+    /// The same as Choose, closed with Cancel after the deeds.
     void Look(const ChooserCall& call, const std::function<void(Chooser&)>& deeds);
     /// The rows that the chooser shows at its opening.
     std::vector<std::string> RowsOf(const ChooserCall& call);
@@ -80,10 +84,15 @@ protected:
     /// English text and its translation, in UTF-8.
     void Translate(const std::string& catalog, const std::vector<std::pair<std::string, std::string>>& pairs);
 
+    /// The installation.
+    const TempFolder& Folder() const { return folder_; }
     nuxStdParts& Object() { return *object_.Get(); }
+    void ReleaseObject() { object_.Reset(); }
 
 private:
     void SetPaths();
+    ChooserResult Run(const std::function<HRESULT(IDispatch**)>& call, const char* title,
+                      const std::function<void(Chooser&)>& deeds);
 
     TempFolder folder_;  ///< of the installation
     ComPtr<ComObject<nuxStdParts>> object_;

@@ -111,20 +111,34 @@ TEST_F(Columns, OneBadOrderLosesTheOrderButNotTheWidths) {
 
 TEST_F(Columns, ValuesOfAWrongTypeCountAsMissing) {
     for (const char* column : {"A", "B", "C"})
-        StoreText(column, "Width", "99");
+        StoreText(column, "Width", "99 pixels");
     StoreNumber("A", "Order", 2);
     StoreNumber("B", "Order", 1);
-    StoreText("C", "Order", "3");
+    StoreBytes("C", "Order", REG_BINARY, std::string("\3\0\0\0", 4));
     Look(call, [](Chooser& chooser) {
-        EXPECT_EQ(chooser.List().Width(1), 50);
+        for (const int column : {1, 2, 3})
+            EXPECT_EQ(chooser.List().Width(column), 50);
         EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3}));
     });
 }
 
-TEST_F(Columns, OutOfRangeWidthsDoNoHarm) {
-    for (const DWORD width : {0xFFFFFFFFu, 0x7FFFFFFFu, 0x80000000u, 100000u}) {
-        StoreNumber("B", "Width", width);
-        Look(call, [&](Chooser& chooser) { EXPECT_EQ(chooser.Rows().size(), 1u) << width; });
+TEST_F(Columns, OutOfRangeWidthsAreWhatTheListMakesOfThem) {
+    // The list takes the lower half of the number. Of a negative one it makes the width of the contents.
+    struct {
+        DWORD stored;
+        bool negative;
+    } const extremes[] = {{0xFFFFFFFF, true}, {0x7FFFFFFF, true}, {0x80000000, false}, {100000, true}};
+    for (const auto& [stored, negative] : extremes) {
+        StoreNumber("B", "Width", stored);
+        Look(call, [&, stored = stored, negative = negative](Chooser& chooser) {
+            EXPECT_EQ(chooser.Rows(), (std::vector<std::string>{"1|2|3"})) << stored;
+            const int width = chooser.List().Width(2);
+            SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNWIDTH, 2,
+                         negative ? MAKELPARAM(LVSCW_AUTOSIZE, 0) : 0);
+            EXPECT_EQ(width, chooser.List().Width(2)) << stored;
+            EXPECT_EQ(chooser.List().Width(1), 50) << stored;
+            EXPECT_EQ(chooser.List().Width(3), 50) << stored;
+        });
     }
 }
 
@@ -142,11 +156,33 @@ TEST_F(Columns, ThatShareACaptionShareWidthAndLoseTheirOrder) {
     });
 }
 
+TEST_F(Columns, OfWhichTwoShareACaptionStoreTheOneWithTheHigherIndex) {
+    ChooserCall same = call;
+    same.names = "<n><A>Same</A><B>Same</B><C/></n>";
+    Look(same, [](Chooser& chooser) {
+        int order[] = {0, 2, 1, 3};
+        SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNORDERARRAY, 4, reinterpret_cast<LPARAM>(order));
+        SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNWIDTH, 1, 70);
+        SendMessageA(chooser.List().Handle(), LVM_SETCOLUMNWIDTH, 2, 80);
+    });
+    EXPECT_EQ(StoredNumber("Same", "Width"), 80u);
+    EXPECT_EQ(StoredNumber("Same", "Order"), 1u);
+    EXPECT_EQ(StoredNumber("C", "Order"), 3u);
+}
+
 TEST_F(Columns, ThatHaveAnEmptyCaptionCountAsTheMarker) {
-    // A dimension whose caption is empty text: the second column then claims the marker's place.
+    // The column claims the marker's place, so that the order is lost.
     ChooserCall empty = call;
-    empty.names = "<n><A/><B> </B><C/></n>";
-    Look(empty, [](Chooser& chooser) { EXPECT_EQ(chooser.List().ColumnCount(), 4); });
+    empty.names = "<n><A/><B><![CDATA[]]></B><C/></n>";
+    StoreNumber("A", "Order", 3);
+    StoreNumber("C", "Order", 1);
+    StoreNumber("A", "Width", 61);
+    Look(empty, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Caption(2), "");
+        EXPECT_EQ(chooser.List().Width(1), 61);
+        EXPECT_EQ(chooser.List().Width(2), 20);
+        EXPECT_EQ(chooser.List().Order(), (Order{0, 1, 2, 3}));
+    });
 }
 
 TEST_F(Columns, TheMarkerColumnCanNotBeSized) {

@@ -6,7 +6,7 @@
 
 #include "environment/XMLAccess.h"
 #include "framework/Automation.h"
-#include "tests/chooser/Dom.h"
+#include "tests/chooser/ChooserTest.h"
 #include "tests/support/TempFolder.h"
 
 namespace nux {
@@ -105,6 +105,22 @@ TEST_F(DimensionDocument, CountsItsReferences) {
     ClearXMLDocumentCache();
     IXMLDOMDocument* last = document.Detach();
     EXPECT_EQ(last->Release(), 0u) << "one for the caller, and one that the cache had";
+}
+
+class UsersFile : public ChooserTest {};
+
+TEST_F(UsersFile, ThatIsMissingIsAFailureAndLeavesNothingBehind) {
+    const Bstr catalog(L"BOLTS"), component(L"M8");
+    const auto exists = [&](const char* name) {
+        return GetFileAttributesA((Folder().Path() + name).c_str()) != INVALID_FILE_ATTRIBUTES;
+    };
+    ComPtr<IDispatch> node;
+    EXPECT_EQ(Object().GetUsrDimensionNode(catalog.Get(), component.Get(), node.Receive()), E_FAIL);
+    EXPECT_FALSE(node);
+    EXPECT_FALSE(exists("custom"));
+    Folder().MakeFolder("custom\\catalogs\\BOLTS\\UsrDimensions");
+    EXPECT_EQ(Object().GetUsrDimensionNode(catalog.Get(), component.Get(), node.Receive()), E_FAIL);
+    EXPECT_FALSE(exists("custom\\catalogs\\BOLTS\\UsrDimensions\\M8.xml"));
 }
 
 }  // namespace

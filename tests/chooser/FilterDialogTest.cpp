@@ -1,5 +1,6 @@
 // The dialog that defines the filter of a numeric column.
 
+#include "dimensions/nuxDefineDimFilter.h"
 #include "resources/resource.h"
 #include "tests/chooser/ChooserTest.h"
 #include "tests/driver/Controls.h"
@@ -182,6 +183,52 @@ TEST_F(FilterDialogTest, TheUpperLimitOffersWhatIsNotBelowTheLowerAndKeepsItsTex
         EXPECT_EQ(driver::Entries(dialog.UpperBox()), (Texts{Whole("20"), Whole("30")}));
         driver::FoldUp(dialog.UpperBox());
     });
+}
+
+TEST_F(FilterDialogTest, WhatWasTypedAsUpperLimitSurvivesTheListWhole) {
+    Define([](Chooser&, FilterDialog& dialog) {
+        dialog.Check(IDC_FILTER_BETWEEN);
+        const std::string typed = std::string(200, '1') + ".5";
+        dialog.SetUpper(typed);
+        driver::DropDown(dialog.UpperBox());
+        driver::FoldUp(dialog.UpperBox());
+        EXPECT_EQ(dialog.Upper(), typed);
+        dialog.SetUpper("");
+        driver::DropDown(dialog.UpperBox());
+        driver::FoldUp(dialog.UpperBox());
+        EXPECT_EQ(dialog.Upper(), "");
+    });
+}
+
+TEST_F(FilterDialogTest, OffersTheFirst127CharactersOfEachValueOnce) {
+    const std::string five = "5." + std::string(125, '0');
+    ChooserCall longValues;
+    longValues.names = "<n><A/></n>";
+    longValues.standard = SizeTable{{"A"}, {{five + "1"}, {five + "2 mm"}, {"4"}}}.Xml();
+    Look(longValues, [](Chooser& chooser) {
+        const FilterDialog dialog = chooser.DefineFilter(1);
+        EXPECT_EQ(driver::Entries(dialog.LowerBox()), (Texts{Whole("4"), Whole("5")}));
+        dialog.Cancel();
+    });
+}
+
+TEST_F(FilterDialogTest, OffersZeroForAValueThatIsNoString) {
+    ChooserCall typed;
+    typed.names = "<n><A/></n>";
+    typed.standard =
+        "<r xmlns:dt='urn:schemas-microsoft-com:datatypes'>"
+        "<s A='3'><A dt:dt='int'>3</A></s><s A='4'><A>4</A></s></r>";
+    Look(typed, [](Chooser& chooser) {
+        const FilterDialog dialog = chooser.DefineFilter(1);
+        EXPECT_EQ(driver::Entries(dialog.LowerBox()), (Texts{Whole("0"), Whole("4")}));
+        dialog.Cancel();
+    });
+}
+
+TEST_F(FilterDialogTest, WithoutArgumentsDefinesTheInactiveFilter) {
+    const nuxDefineDimFilter dialog;
+    EXPECT_TRUE(dialog.Filter().IsInactive());
+    EXPECT_EQ(dialog.Sort(), SortModeNone);
 }
 
 TEST_F(FilterDialogTest, ValuesAreTakenFromTheLists) {

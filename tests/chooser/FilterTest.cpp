@@ -170,6 +170,19 @@ TEST_F(Filter, OneIsTurnedOffInTheMenuAndTheButtonGraysWithTheLast) {
     });
 }
 
+TEST_F(Filter, TurnedOffInTheMenuTakesBothDatabasesAgain) {
+    StoreFilter("A", 1, "1", "5", 1);
+    Look(Call({{"A"}, {{"1"}}}, {{"A"}, {{"1"}}}), [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"1"}));
+        chooser.Menu(1, MenuItem::TurnOffFilter);
+        EXPECT_EQ(chooser.Rows(), (Texts{"1", "1"}));
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+    EXPECT_EQ(StoredNumber("A", "Database"), 3u);
+    EXPECT_EQ(StoredText("A", "LowerLimit"), Whole("0"));
+    EXPECT_EQ(StoredText("A", "UpperLimit"), Whole("0"));
+}
+
 TEST_F(Filter, IsKeptAfterCancelAndAfterOk) {
     const ChooserCall call = Call({{"A"}, {{"1"}, {"2"}, {"3"}}});
     Look(call, [](Chooser& chooser) {

@@ -197,15 +197,21 @@ TEST_F(Layout, APartOfThePlaceThatIsMissingStaysAtTheInitialOne) {
 }
 
 TEST_F(Layout, ValuesOfAWrongTypeCountAsMissing) {
+    RECT first{}, found{};
+    Look(call, [&](Chooser& chooser) { first = BoundsOf(chooser.Window()); });
+    RegDeleteTreeA(HKEY_LOCAL_MACHINE, Key().c_str());
+    StoreText("", "x", "123");
+    StoreText("", "y", "12345678");
+    StoreBytes("", "dx", REG_BINARY, std::string("\x10\0\0\0", 4));
+    StoreBytes("", "dy", REG_QWORD, std::string("\x10\0\0\0\0\0\0\0", 8));
+    Look(call, [&](Chooser& chooser) { found = BoundsOf(chooser.Window()); });
+    EXPECT_TRUE(EqualRect(&first, &found));
+}
+
+TEST_F(Layout, ANumberThatIsTooShortCountsAsMissing) {
     const SIZE minimum = Minimum();
-    StoreText("", "x", "12");
-    StoreBytes("", "dx", REG_BINARY, std::string(4, '\x10'));
     StoreBytes("", "dy", REG_DWORD, std::string(2, '\x10'));
-    Look(call, [&](Chooser& chooser) {
-        EXPECT_NE(BoundsOf(chooser.Window()).left, 12);
-        EXPECT_EQ(SizeOf(chooser.Window()).cx, minimum.cx);
-        EXPECT_EQ(SizeOf(chooser.Window()).cy, minimum.cy);
-    });
+    Look(call, [&](Chooser& chooser) { EXPECT_EQ(SizeOf(chooser.Window()).cy, minimum.cy); });
 }
 
 TEST_F(Layout, ASavedSizeBelowTheMinimumIsRaisedToIt) {
@@ -218,11 +224,29 @@ TEST_F(Layout, ASavedSizeBelowTheMinimumIsRaisedToIt) {
     });
 }
 
-TEST_F(Layout, OutOfRangeSizesDoNoHarm) {
-    for (const DWORD extreme : {0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu, 100000u}) {
-        StoreNumber("", "dx", extreme);
-        StoreNumber("", "dy", extreme);
-        Look(call, [&](Chooser& chooser) { EXPECT_EQ(chooser.List().RowCount(), 1) << extreme; });
+TEST_F(Layout, OutOfRangeSizesEndAtTheMinimumOrAtWhatTheSystemAllows) {
+    std::optional<Arrangement> first;
+    Look(call, [&](Chooser& chooser) { first.emplace(chooser); });
+    const LONG widest = GetSystemMetrics(SM_CXMAXTRACK), highest = GetSystemMetrics(SM_CYMAXTRACK);
+    struct {
+        DWORD stored;
+        SIZE window;
+    } const extremes[] = {{0x7FFFFFFF, first->window},
+                          {0x80000000, first->window},
+                          {0xFFFFFFFF, first->window},
+                          {100000, {widest, highest}}};
+    for (const auto& [stored, window] : extremes) {
+        StoreNumber("", "dx", stored);
+        StoreNumber("", "dy", stored);
+        Look(call, [&, stored = stored, window = window](Chooser& chooser) {
+            const Arrangement shown(chooser);
+            EXPECT_EQ(shown.window.cx, window.cx) << stored;
+            EXPECT_EQ(shown.window.cy, window.cy) << stored;
+            const LONG dx = window.cx - first->window.cx, dy = window.cy - first->window.cy;
+            EXPECT_EQ(shown.list.cx - first->list.cx, dx) << stored;
+            EXPECT_EQ(shown.list.cy - first->list.cy, dy) << stored;
+            ExpectMoved(first->ok, shown.ok, dx, dy);
+        });
     }
 }
 

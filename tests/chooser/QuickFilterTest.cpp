@@ -3,6 +3,8 @@
 #include <set>
 
 #include "tests/chooser/ChooserTest.h"
+#include "tests/driver/Canvas.h"
+#include "tests/driver/Input.h"
 #include "tests/driver/Messages.h"
 #include "tests/driver/Picture.h"
 #include "tests/driver/PointerInput.h"
@@ -54,8 +56,53 @@ TEST_F(QuickFilter, OpensWithThePointerOnTheFirstValueAndEightRowsHigh) {
         EXPECT_EQ(pager.right - pager.left, width);
         EXPECT_EQ(pager.bottom - pager.top, 8 * gesture.RowHeight());
         EXPECT_EQ(GetWindow(gesture.Window(), GW_OWNER), chooser.Window());
-        EXPECT_FALSE(GetWindowLongA(gesture.Window(), GWL_STYLE) & WS_THICKFRAME);
+        constexpr LONG frames = WS_POPUP | WS_CHILD | WS_CAPTION | WS_THICKFRAME | WS_SYSMENU;
+        EXPECT_EQ(GetWindowLongA(gesture.Window(), GWL_STYLE) & frames, LONG(WS_POPUP | WS_DLGFRAME));
+        RECT client{};
+        GetClientRect(gesture.Window(), &client);
+        EXPECT_EQ(client.right, pager.right - pager.left);
+        EXPECT_EQ(client.bottom, pager.bottom - pager.top);
         gesture.MoveTo({pager.right + 40, pager.top + 10});
+        gesture.Release();
+    });
+}
+
+TEST_F(QuickFilter, IsTwoOfTheWidestCharactersWiderThanItsLongestValueHasCharacters) {
+    const SizeTable table{{"A"}, {{"short"}, {"a longer value"}, {"mid"}}};
+    Look(Call(table), [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        const driver::Canvas canvas(1, 1, 0);
+        SelectObject(canvas.Context(), GetStockObject(DEFAULT_GUI_FONT));
+        TEXTMETRICA metrics{};
+        GetTextMetricsA(canvas.Context(), &metrics);
+        const RECT list = gesture.ListBounds();
+        EXPECT_EQ(list.right - list.left, (14 + 2) * metrics.tmMaxCharWidth);
+        gesture.Release();
+    });
+}
+
+TEST_F(QuickFilter, PaintsItsValuesAndTheOneUnderThePointerMarked) {
+    Look(call, [](Chooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        ExpectMarked(gesture, 0, true);
+        gesture.MoveTo(gesture.Value(1));
+        ExpectMarked(gesture, 1, true);
+        const RECT list = gesture.ListBounds();
+        const int width = list.right - list.left;
+        const driver::Canvas canvas(width, list.bottom - list.top, GetSysColor(COLOR_WINDOW));
+        const HDC context = canvas.Context();
+        SelectObject(context, GetStockObject(DEFAULT_GUI_FONT));
+        const Texts values{" " + Whole("1"), " " + Whole("2"), " " + Whole("3")};
+        for (int i = 0; i < 3; ++i) {
+            const RECT row{0, i * gesture.RowHeight(), width, (i + 1) * gesture.RowHeight()};
+            SetBkColor(context, GetSysColor(i == 1 ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+            SetTextColor(context, GetSysColor(i == 1 ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+            ExtTextOutA(context, 0, row.top, ETO_OPAQUE | ETO_CLIPPED, &row, values[i].c_str(),
+                        static_cast<UINT>(values[i].size()), nullptr);
+            if (i == 1)
+                DrawFocusRect(context, &row);
+        }
+        EXPECT_TRUE(driver::TakePicture(list) == canvas.Drawn());
         gesture.Release();
     });
 }
@@ -244,12 +291,55 @@ TEST_F(QuickFilter, ScrollsBackOnTheUpperButton) {
 
 TEST_F(QuickFilter, IsLeftAloneWhenReleasedOnAScrollButton) {
     Look(ManyValues(40), [](Chooser& chooser) {
+        for (const bool upper : {false, true}) {
+            QuickFilterGesture gesture(chooser, 0, 1);
+            gesture.MoveTo(gesture.LowerButton());
+            driver::WaitFor("a list that scrolls",
+                            [&] { return gesture.ScrollPosition() >= 20 * gesture.RowHeight(); });
+            if (upper) {
+                const int before = gesture.ScrollPosition();
+                const RECT pager = gesture.PagerBounds();
+                gesture.MoveTo({(pager.left + pager.right) / 2, pager.top + 4});
+                driver::WaitFor("a list that scrolls back",
+                                [&] { return gesture.ScrollPosition() < before; });
+            }
+            gesture.Release();
+            EXPECT_EQ(chooser.List().RowCount(), 40);
+            EXPECT_FALSE(chooser.CanTurnOffAll());
+        }
+    });
+}
+
+TEST_F(QuickFilter, OfATextColumnWithoutValuesTurnsTheFilterOff) {
+    ChooserCall attributes;
+    attributes.names = "<n><A/></n>";
+    attributes.standard = SizeTable{{"A"}, {{"x"}, {"y"}}}.XmlOfAttributes();
+    StoreNumber("A", "FilterType", 5);
+    StoreText("A", "FilterString", "y");
+    Look(attributes, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"y"}));
         QuickFilterGesture gesture(chooser, 0, 1);
-        gesture.MoveTo(gesture.LowerButton());
-        driver::WaitFor("a list that scrolls", [&] { return gesture.ScrollPosition() > 0; });
+        EXPECT_EQ(gesture.PagerBounds().bottom - gesture.PagerBounds().top, 8 * gesture.RowHeight());
         gesture.Release();
-        EXPECT_EQ(chooser.List().RowCount(), 40);
-        EXPECT_FALSE(chooser.CanTurnOffAll());
+        EXPECT_EQ(chooser.Rows(), (Texts{"x", "y"}));
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+}
+
+TEST_F(QuickFilter, ARightButtonThatOpensNothingIsTheLists) {
+    Look(call, [](Chooser& chooser) {
+        const driver::ListView& list = chooser.List();
+        const auto press = [&](POINT at) {
+            driver::PostMouse(list.Handle(), WM_RBUTTONDOWN, at, MK_RBUTTON);
+            driver::PostMouse(list.Handle(), WM_RBUTTONUP, at);
+            chooser.User().Settle();
+        };
+        press(list.CellMiddle(2, 0));
+        EXPECT_EQ(list.Selected(), std::vector<int>{2}) << "the list selects the row";
+        const RECT last = list.CellBounds(list.RowCount() - 1, 1);
+        press({last.left + 5, last.bottom + 20});
+        EXPECT_EQ(list.Selected(), std::vector<int>{}) << "the list selects none";
+        EXPECT_EQ(list.RowCount(), 5);
     });
 }
 

@@ -55,6 +55,18 @@ TEST_F(Sort, TextsDoNotCareForCase) {
 
 TEST_F(Sort, TextsGoByCharactersAlsoWhereTheyStartWithNumbers) {
     EXPECT_EQ(Ascending({"2x", "1x", "1y"}), (Texts{"1x", "1y", "2x"}));
+    EXPECT_EQ(Ascending({"10x", "9x"}), (Texts{"10x", "9x"})) << "as numbers, 9 would come first";
+}
+
+TEST_F(Sort, TheFirst127CharactersOfACellAreItsKey) {
+    const std::string start(126, 'x');
+    Translate("LONG", {{"late", start + "bb"}, {"same", start + "ba"}, {"early", start + "a"}});
+    ChooserCall call = Call({{"A"}, {{"late"}, {"same"}, {"early"}}});
+    call.catalog = "LONG";
+    Look(call, [&](Chooser& chooser) {
+        chooser.Menu(1, MenuItem::SortAscending);
+        EXPECT_EQ(chooser.Rows(), (Texts{start + "a", start + "bb", start + "ba"}));
+    });
 }
 
 TEST_F(Sort, UmlautsFoldTheirCase) {

@@ -48,6 +48,13 @@ TEST_F(StoredFilter, OfTextHasItsTextAndLeavesTheLimitsThatAreThere) {
     EXPECT_EQ(StoredText("A", "UpperLimit"), std::nullopt);
 }
 
+TEST_F(StoredFilter, OfNumbersLeavesTheTextThatIsThere) {
+    StoreFilter("A", 1, "2");
+    StoreText("A", "FilterString", "left alone");
+    EXPECT_EQ(RowsOf(numbers), (Texts{"2"}));
+    EXPECT_EQ(StoredText("A", "FilterString"), "left alone");
+}
+
 TEST_F(StoredFilter, OfTextWithoutATextTakesEmptyCells) {
     StoreNumber("A", "FilterType", 5);
     EXPECT_EQ(RowsOf(Call({{"A"}, {{"1"}, {""}}})), (Texts{""}));
@@ -98,15 +105,16 @@ TEST_F(StoredFilter, ACaptionWithUmlautsOrDoubleByteCharactersHasItsOwnKey) {
 }
 
 TEST_F(StoredFilter, ValuesOfAWrongTypeCountAsMissing) {
-    StoreText("A", "FilterType", "1");
-    StoreText("A", "Database", "1");
+    // What they hold would be a filter, if the type were not looked at.
+    StoreBytes("A", "FilterType", REG_BINARY, std::string("\1\0\0\0", 4));
+    EXPECT_EQ(RowsOf(numbers), (Texts{"1", "2", "3"}));
+    StoreBytes("A", "Database", REG_BINARY, std::string("\2\0\0\0", 4));
     EXPECT_EQ(RowsOf(numbers), (Texts{"1", "2", "3"}));
     StoreNumber("A", "FilterType", 4);
-    StoreNumber("A", "Database", 3);
-    StoreNumber("A", "LowerLimit", 3);
+    StoreBytes("A", "LowerLimit", REG_DWORD, std::string("3\0\0\0", 4));
     EXPECT_EQ(RowsOf(numbers), (Texts{"1", "2", "3"})) << "greater or equal 0";
     StoreNumber("A", "FilterType", 4);
-    StoreBytes("A", "LowerLimit", REG_BINARY, "3");
+    StoreBytes("A", "LowerLimit", REG_BINARY, std::string("3.00\0", 5));
     EXPECT_EQ(RowsOf(numbers), (Texts{"1", "2", "3"}));
 }
 
@@ -150,6 +158,27 @@ TEST_F(StoredFilter, AVersionThatIsEmptyLeavesTheSettingsUnderTheProduct) {
         dialog.Ok();
     });
     EXPECT_EQ(RowsOf(numbers), (Texts{"3"}));
+}
+
+TEST_F(StoredFilter, IsForgottenWhereTheRegistryTakesNothing) {
+    ChooserCall call = numbers;
+    call.component = std::string(300, 'c');  // longer than the name of any key
+    Look(call, [](Chooser& chooser) {
+        SetWindowPos(chooser.Window(), nullptr, 33, 44, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        const FilterDialog dialog = chooser.DefineFilter(1);
+        dialog.Check(IDC_FILTER_EQUAL);
+        dialog.SetLower("2");
+        dialog.Ok();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2"}));
+    });
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"1", "2", "3"}));
+        EXPECT_FALSE(chooser.CanTurnOffAll());
+        EXPECT_EQ(chooser.List().Width(1), 50);
+        RECT bounds{};
+        GetWindowRect(chooser.Window(), &bounds);
+        EXPECT_NE(bounds.left, 33);
+    });
 }
 
 TEST_F(StoredFilter, GoesToTheMachinesPartOfTheRegistryOnly) {

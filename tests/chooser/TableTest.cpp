@@ -1,11 +1,16 @@
 // The table of the chooser: its columns, its rows, and what makes a column one of numbers or of texts.
 
+#include "resources/resource.h"
 #include "tests/chooser/ChooserTest.h"
+#include "tests/driver/Canvas.h"
+#include "tests/driver/Messages.h"
 
 namespace nux {
 namespace {
 
 using Texts = std::vector<std::string>;
+
+constexpr COLORREF paper = RGB(255, 0, 255);
 
 class Table : public ChooserTest {
 protected:
@@ -75,9 +80,51 @@ TEST_F(Table, HasOneIconForTheUsersRows) {
         ImageList_GetIconSize(images, &width, &height);
         EXPECT_EQ(width, 16);
         EXPECT_EQ(height, 16);
-        const auto marks =
+        EXPECT_TRUE(driver::DrawnImage(images, 0, paper) == driver::IconResource(IDI_USER_ROW, paper));
+    });
+}
+
+TEST_F(Table, HasTheMarkOfFiltersAndThatOfTheUsersRowsForItsHeader) {
+    Look(Call({{"A"}, {{"9"}}}), [](Chooser& chooser) {
+        const auto images =
             reinterpret_cast<HIMAGELIST>(SendMessageA(chooser.List().Header(), HDM_GETIMAGELIST, 0, 0));
-        EXPECT_EQ(ImageList_GetImageCount(marks), 2);
+        ASSERT_EQ(ImageList_GetImageCount(images), 2);
+        int width = 0, height = 0;
+        ImageList_GetIconSize(images, &width, &height);
+        EXPECT_EQ(width, 16);
+        EXPECT_EQ(height, 16);
+        EXPECT_TRUE(driver::DrawnImage(images, 0, paper) == driver::IconResource(IDI_FILTER, paper));
+        EXPECT_TRUE(driver::DrawnImage(images, 1, paper) == driver::IconResource(IDI_USER_ROW, paper));
+    });
+}
+
+TEST_F(Table, AlignsItsColumnsAsTheirCaptions) {
+    Look(Call({{"A", "B"}, {{"1", "x"}}}), [](Chooser& chooser) {
+        struct {
+            int column, cells, caption;
+        } const expected[] = {
+            {0, LVCFMT_RIGHT, HDF_LEFT}, {1, LVCFMT_CENTER, HDF_CENTER}, {2, LVCFMT_LEFT, HDF_LEFT}};
+        for (const auto& [column, cells, caption] : expected) {
+            LVCOLUMNA found{};
+            found.mask = LVCF_FMT | LVCF_SUBITEM;
+            driver::AskWith(chooser.List().Handle(), LVM_GETCOLUMNA, column, found);
+            EXPECT_EQ(found.fmt & LVCFMT_JUSTIFYMASK, cells) << column;
+            EXPECT_EQ(found.iSubItem, column);
+            EXPECT_EQ(chooser.List().HeaderFormat(column) & HDF_JUSTIFYMASK, caption) << column;
+        }
+    });
+}
+
+TEST_F(Table, ReadsNamesWithAPrefix) {
+    ChooserCall call;
+    call.names = "<n xmlns:p='u'><p:A/><B/></n>";
+    call.standard = "<r xmlns:p='u'><s A='9' p:A='1' B='x'><p:A>1</p:A></s></r>";
+    call.users = "<r xmlns:p='u'><s p:A='2' B='y'><p:A>2</p:A></s></r>";
+    Look(call, [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().Caption(1), "p:A");
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|x", "2|y"}));
+        QuickFilterGesture(chooser, 1, 1).Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|x"}));
     });
 }
 

@@ -77,6 +77,12 @@ TEST_F(DefaultRow, ATranslatedCellMatchesOnlyWhatItShows) {
     Look(call, [](Chooser& chooser) { EXPECT_EQ(chooser.List().Selected(), (Rows{1})); });
 }
 
+TEST_F(DefaultRow, AValueThatIsNoStringMatchesEverything) {
+    const std::string types = "<d xmlns:dt='urn:schemas-microsoft-com:datatypes'><A dt:dt=";
+    EXPECT_EQ(Selected(sizes, types + "'string'>3</A></d>"), 3);
+    EXPECT_EQ(Selected(sizes, types + "'int'>3</A></d>"), 0);
+}
+
 TEST_F(DefaultRow, ComesIntoSightFarDown) {
     SizeTable table{{"A"}, {}};
     for (int i = 0; i < 300; ++i)
@@ -183,6 +189,7 @@ TEST_F(TakingRow, ARowOutlivesDialogAndObject) {
         SizeTable table{{"A"}, {{"kept"}}};
         row = Choose(Call(table), [](Chooser& chooser) { chooser.Ok(); }).row;
     }
+    ReleaseObject();
     EXPECT_EQ(AttributeOf(row, "A"), "kept");
     ComPtr<IXMLDOMDocument> document;
     EXPECT_EQ(row->get_ownerDocument(document.Receive()), S_OK);

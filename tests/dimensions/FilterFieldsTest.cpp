@@ -152,6 +152,7 @@ TEST(ReadFilterForm, ATypeWithoutUpperLimitStoresWhatItsFieldReads) {
 TEST(ReadFilterForm, BetweenTakesALimitAtOrAboveTheLower) {
     EXPECT_EQ(Accepted(Form(FilterBetween, "5", "10")).filter.Upper(), 10.0);
     EXPECT_EQ(Accepted(Form(FilterBetween, "5", "5.0")).filter.Upper(), 5.0);
+    EXPECT_TRUE(std::isnan(Accepted(Form(FilterBetween, "5", "nan")).filter.Upper())) << "it is not below 5";
 }
 
 TEST(ReadFilterForm, AnUpperLimitBelowTheLowerIsSaidSo) {

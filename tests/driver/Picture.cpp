@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tests/driver/Application.h"
+#include "tests/driver/Canvas.h"
 #include "tests/driver/Waiting.h"
 
 namespace driver {
@@ -32,33 +33,13 @@ int Picture::Count(const RECT& part, COLORREF colour) const {
 
 Picture TakePicture(const RECT& screen) {
     PaintAll();
-    Picture picture;
-    picture.width = screen.right - screen.left;
-    picture.height = screen.bottom - screen.top;
-    picture.pixels.resize(static_cast<std::size_t>(picture.width) * picture.height);
-
-    BITMAPINFO format{};
-    format.bmiHeader.biSize = sizeof format.bmiHeader;
-    format.bmiHeader.biWidth = picture.width;
-    format.bmiHeader.biHeight = -picture.height;  // from the top
-    format.bmiHeader.biPlanes = 1;
-    format.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
+    const int width = screen.right - screen.left;
+    const int height = screen.bottom - screen.top;
+    const Canvas canvas(width, height, 0);
     const HDC source = GetDC(nullptr);
-    const HDC target = CreateCompatibleDC(source);
-    const HBITMAP bitmap = CreateDIBSection(target, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ old = SelectObject(target, bitmap);
-    BitBlt(target, 0, 0, picture.width, picture.height, source, screen.left, screen.top, SRCCOPY);
-    GdiFlush();
-    for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-        const auto value = static_cast<const std::uint32_t*>(bits)[i];
-        picture.pixels[i] = RGB(value >> 16 & 0xFF, value >> 8 & 0xFF, value & 0xFF);
-    }
-    SelectObject(target, old);
-    DeleteObject(bitmap);
-    DeleteDC(target);
+    BitBlt(canvas.Context(), 0, 0, width, height, source, screen.left, screen.top, SRCCOPY);
     ReleaseDC(nullptr, source);
-    return picture;
+    return canvas.Drawn();
 }
 
 Picture TakePicture(HWND window) {

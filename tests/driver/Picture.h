@@ -17,6 +17,7 @@ struct Picture {
     COLORREF At(int x, int y) const { return pixels[static_cast<std::size_t>(y) * width + x]; }
     /// How many pixels of the rectangle, in pixels of the picture, have this colour.
     int Count(const RECT& part, COLORREF colour) const;
+    bool operator==(const Picture&) const = default;
 };
 
 /// What the screen shows in a rectangle of screen pixels, whatever windows are there. What is not painted yet

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "dimensions/DimensionDocument.h"
 #include "environment/PathTests.h"
 #include "framework/Automation.h"
 #include "tests/support/HostDouble.h"
@@ -98,6 +99,16 @@ TEST_F(DoubleByte, FolderWhoseNameEndsInTheByteOfASeparatorIsFound) {
     EXPECT_TRUE(DirectoryExists(languages_.Folder().Path() + show + table));
     EXPECT_TRUE(DirectoryExists(languages_.Folder().Path() + show + table + "\\"));
     EXPECT_FALSE(DirectoryExists(languages_.Folder().Path() + table));
+}
+
+TEST_F(DoubleByte, DimensionFileIsMadeInAFolderWhoseNameEndsInThatByte) {
+    const std::string folder = languages_.Folder().Path() + show + table;
+    for (const char* end : {"", "\\", "/"}) {
+        ComPtr<IXMLDOMDocument> document;
+        EXPECT_TRUE(CreateDimensionDocument(folder + end, "a.xml", document.Receive())) << end;
+    }
+    EXPECT_TRUE(FileExists(folder + "\\a.xml"));
+    EXPECT_FALSE(DirectoryExists(languages_.Folder().Path() + show + "\x95"));
 }
 
 TEST_F(DoubleByte, DocumentIsLoadedFromAPathOfSuchCharacters) {
