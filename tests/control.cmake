@@ -7,9 +7,7 @@ target_sources(control_tests PRIVATE ${control_support})
 target_link_libraries(control_tests PRIVATE version)
 add_dependencies(control_tests nuxStdPartsAX)
 # They register the component anew and use the desktop's focus.
-# They make files with umlauts in their names; windows.cmake tells how that comes to work.
-set_tests_properties(control_tests PROPERTIES RUN_SERIAL TRUE
-    ENVIRONMENT "LC_ALL=en_US.UTF-8;LOCPATH=${PROJECT_BINARY_DIR}/machine_locales")
+set_tests_properties(control_tests PROPERTIES RUN_SERIAL TRUE)
 
 add_test(NAME module_imports_and_exports
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/control/check-module
