@@ -113,6 +113,32 @@ TEST_F(DataManager, TextsComeInInTheCodePageOfTheThreadAndGoOutInThatOfTheSystem
     }
 }
 
+TEST_F(DataManager, OfAVariableItsValueIsTaken) {
+    Variant variable;
+    VARIANT reference{};
+    reference.vt = VT_BYREF | VT_VARIANT;
+    reference.pvarVal = &variable;
+    Variant read;
+    for (const Property& property : sizes) {
+        MakeArray({1, 2}, variable);
+        EXPECT_EQ(S_OK, (data.Get()->*property.put)(reference)) << property.name;
+        variable.Receive();
+        EXPECT_EQ(S_OK, (data.Get()->*property.get)(read.Receive())) << property.name;
+        EXPECT_EQ(2, Element(read, 1));
+        EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference)) << "an empty variable";
+    }
+    for (const Property& property : texts) {
+        MakeText(L"text", variable);
+        EXPECT_EQ(S_OK, (data.Get()->*property.put)(reference)) << property.name;
+        variable.Receive();
+        EXPECT_EQ(S_OK, (data.Get()->*property.get)(read.Receive())) << property.name;
+        EXPECT_STREQ(L"text", read.bstrVal);
+        EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference)) << "an empty variable";
+    }
+    reference.pvarVal = nullptr;
+    EXPECT_EQ(E_INVALIDARG, data->put_Units(reference));
+}
+
 TEST_F(DataManager, WhatWasNotSetFails) {
     Variant read;
     for (const Property& property : sizes)
