@@ -9,7 +9,8 @@
 namespace nux {
 
 /// Values that pages hand to one another while the host runs: sizes of the cavity and core plates, name of
-/// the catalogue, units.
+/// the catalogue, units. A value's type is taken as it comes: a reference to a variable, as VBScript passes
+/// one, is no value of the type wanted; a page there puts an expression (`CStr(name)`).
 class nuxDataManager : public Dispatch<InuxDataManager, &IID_InuxDataManager> {
 public:
     /// Get: E_INVALIDARG for a null pointer, E_FAIL unless an array was put.

@@ -99,17 +99,15 @@ public:
 
     /// Lets the user pick one size of a component in a modal dialog over the active window.
     /// @param CatalogID         catalogue whose messages translate the texts; with ComponentID what layout
-    /// and filters
-    ///                          are remembered by; "Default" stands in for an empty one
+    /// and
+    ///                          filters are remembered by; "Default" stands in for an empty one
     /// @param NamesDisp         IXMLDOMNodeList with one node for each dimension: name and caption
     /// @param DefaultValuesVar  IXMLDOMNode whose children have the values of the row that is selected first
     /// @param StdDimensionVar   IXMLDOMNodeList of the standard rows
     /// @param UsrDimensionVar   IXMLDOMNodeList of the user's rows. Of these three, what is no VT_DISPATCH
-    /// stands for
-    ///                          none
+    ///                          stands for none; so does a reference to a variable, as VBScript passes one
     /// @param ChosenDimensions  may be null; receives the chosen row as IXMLDOMNode or null after OK, and
-    /// stays as it is
-    ///                          after Cancel
+    ///                          stays as it is after Cancel
     /// @return E_INVALIDARG, without a dialog, for names that are null or an object that lacks its interface
     STDMETHODIMP ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDispatch* NamesDisp,
                                   VARIANT DefaultValuesVar, VARIANT StdDimensionVar, VARIANT UsrDimensionVar,

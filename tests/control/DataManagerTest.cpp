@@ -113,30 +113,17 @@ TEST_F(DataManager, TextsComeInInTheCodePageOfTheThreadAndGoOutInThatOfTheSystem
     }
 }
 
-TEST_F(DataManager, OfAVariableItsValueIsTaken) {
+TEST_F(DataManager, AReferenceToAVariableIsRefused) {
     Variant variable;
     VARIANT reference{};
     reference.vt = VT_BYREF | VT_VARIANT;
     reference.pvarVal = &variable;
-    Variant read;
-    for (const Property& property : sizes) {
-        MakeArray({1, 2}, variable);
-        EXPECT_EQ(S_OK, (data.Get()->*property.put)(reference)) << property.name;
-        variable.Receive();
-        EXPECT_EQ(S_OK, (data.Get()->*property.get)(read.Receive())) << property.name;
-        EXPECT_EQ(2, Element(read, 1));
-        EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference)) << "an empty variable";
-    }
-    for (const Property& property : texts) {
-        MakeText(L"text", variable);
-        EXPECT_EQ(S_OK, (data.Get()->*property.put)(reference)) << property.name;
-        variable.Receive();
-        EXPECT_EQ(S_OK, (data.Get()->*property.get)(read.Receive())) << property.name;
-        EXPECT_STREQ(L"text", read.bstrVal);
-        EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference)) << "an empty variable";
-    }
-    reference.pvarVal = nullptr;
-    EXPECT_EQ(E_INVALIDARG, data->put_Units(reference));
+    MakeArray({1, 2}, variable);
+    for (const Property& property : sizes)
+        EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference)) << property.name;
+    MakeText(L"text", variable);
+    for (const Property& property : texts)
+        EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference)) << property.name;
 }
 
 TEST_F(DataManager, WhatWasNotSetFails) {

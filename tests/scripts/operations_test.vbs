@@ -100,30 +100,28 @@ Sub TestDataManager
     data.CavityPlateSizes = "1,2"
     Raised InvalidArgument, "a text as sizes"
 
+    ' What stands in a variable reaches the object as a reference to it.
     Dim text, sizes
     text = "of a variable"
     sizes = Array(1, 2, 4)
     data.CatalogName = text
+    Raised InvalidArgument, "a variable as CatalogName"
     data.CavityPlateSizes = sizes
-    data.CorePlateSizes = sizes
-    text = "inch"
-    data.Units = text
+    Raised InvalidArgument, "a variable as CavityPlateSizes"
+    data.CatalogName = CStr(text)
+    data.CavityPlateSizes = data.CorePlateSizes
     parts.UserData = text
-    Worked "values of variables"
+    Worked "values of expressions"
     text = "changed"
-    sizes(2) = 5
     Equal "of a variable", data.CatalogName, "CatalogName"
-    Equal "inch", data.Units, "Units"
-    Equal "inch", parts.UserData, "UserData"
+    Equal "of a variable", parts.UserData, "UserData"
     read = data.CavityPlateSizes
-    Equal 4, read(2), "CavityPlateSizes"
-    read = data.CorePlateSizes
-    Equal 4, read(2), "CorePlateSizes"
+    Equal 36, read(2), "CavityPlateSizes"
     data.ClearData
     Worked "ClearData"
     read = data.CavityPlateSizes
     Raised Unspecified, "CavityPlateSizes after ClearData"
-    Equal "inch", data.Units, "Units after ClearData"
+    Equal "mm", data.Units, "Units after ClearData"
 End Sub
 
 Sub TestArrays
