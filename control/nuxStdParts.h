@@ -98,9 +98,8 @@ public:
     // Choice of a size: DimensionServices.cpp
 
     /// Lets the user pick one size of a component in a modal dialog over the active window.
-    /// @param CatalogID         catalogue whose messages translate the texts; with ComponentID what layout
-    /// and
-    ///                          filters are remembered by; "Default" stands in for an empty one
+    /// @param CatalogID         catalogue whose messages translate the texts; with ComponentID what
+    ///                          layout and filters are remembered by; "Default" for an empty one
     /// @param NamesDisp         IXMLDOMNodeList with one node for each dimension: name and caption
     /// @param DefaultValuesVar  IXMLDOMNode whose children have the values of the row that is selected first
     /// @param StdDimensionVar   IXMLDOMNodeList of the standard rows
