@@ -10,11 +10,11 @@
 
 #include "bench/BareObject.h"
 #include "bench/Measurement.h"
-#include "bench/ScriptEngine.h"
 #include "framework/Automation.h"
 #include "framework/ComPtr.h"
 #include "framework/HResult.h"
 #include "nuxStdPartsAX.h"
+#include "tests/control/ScriptEngine.h"
 
 using namespace nux;
 using namespace nux::bench;
@@ -77,7 +77,7 @@ double SecondsOfScript(ScriptEngine& engine, const std::wstring& object, const s
     constexpr int times = 100000;
     const std::wstring script = L"(function () { var o = " + object + L"; for (var i = 0; i < " +
                                 std::to_wstring(times) + L"; ++i) { " + call + L"; } })();";
-    return SecondsOf([&] { engine.Run(script); }) / times;
+    return SecondsOf([&] { ThrowIfFailed(engine.Run(script)); }) / times;
 }
 
 void Row(Table& table, const std::string& what, const std::vector<Times>& times) {
@@ -98,7 +98,8 @@ void CompareFromCpp(Table& table, IDispatch* ours, IDispatch* typeLibrary, IDisp
 }
 
 void CompareFromScript(Table& table, IDispatch* ours, IDispatch* typeLibrary, IDispatch* handWritten) {
-    ScriptEngine engine({{L"ours", ours}, {L"typeLibrary", typeLibrary}, {L"handWritten", handWritten}});
+    ScriptEngine engine(L"JScript",
+                        {{L"ours", ours}, {L"typeLibrary", typeLibrary}, {L"handWritten", handWritten}});
     for (const Call& call : calls) {
         Row(table, std::string("JScript: ") + call.title,
             MeasureInTurn(rounds, {[&] { return SecondsOfScript(engine, L"ours", call.script); },

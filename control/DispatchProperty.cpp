@@ -10,8 +10,11 @@ HRESULT GetDispatchProperty(IDispatch* object, const wchar_t* name, VARIANT* res
     if (FAILED(found))
         return found;
     DISPPARAMS none{};
-    return object->Invoke(id, GUID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYGET, &none, result, nullptr,
-                          nullptr);
+    const HRESULT read = object->Invoke(id, GUID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                        result, nullptr, nullptr);
+    if (FAILED(read))
+        VariantClear(result);
+    return read;
 }
 
 }  // namespace nux

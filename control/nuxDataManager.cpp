@@ -5,6 +5,11 @@ namespace {
 
 constexpr VARTYPE variantArray = VT_ARRAY | VT_VARIANT;
 
+/// The value that is put. VBScript hands over a reference to the variable that it stands in.
+VARIANT& ValueOf(VARIANT& given) noexcept {
+    return given.vt == (VT_BYREF | VT_VARIANT) && given.pvarVal ? *given.pvarVal : given;
+}
+
 HRESULT GetSizes(VARIANT& sizes, VARIANT* pVal) noexcept {
     if (!pVal)
         return E_INVALIDARG;
@@ -14,10 +19,11 @@ HRESULT GetSizes(VARIANT& sizes, VARIANT* pVal) noexcept {
 }
 
 HRESULT PutSizes(Variant& sizes, VARIANT& newVal) noexcept {
-    if (newVal.vt != variantArray)
+    VARIANT& value = ValueOf(newVal);
+    if (value.vt != variantArray)
         return E_INVALIDARG;
     Variant copy;
-    const HRESULT copied = VariantCopy(&copy, &newVal);
+    const HRESULT copied = VariantCopy(&copy, &value);
     if (SUCCEEDED(copied))
         sizes.Swap(copy);  // the old value goes last: the release of its elements may call back
     return copied;
@@ -37,11 +43,12 @@ HRESULT GetText(const std::string& text, VARIANT* pVal) noexcept {
     });
 }
 
-HRESULT PutText(std::string& text, const VARIANT& newVal) noexcept {
-    if (newVal.vt != VT_BSTR)
+HRESULT PutText(std::string& text, VARIANT& newVal) noexcept {
+    const VARIANT& value = ValueOf(newVal);
+    if (value.vt != VT_BSTR)
         return E_INVALIDARG;
     return Guarded([&] {
-        text = Narrow(newVal.bstrVal);
+        text = Narrow(value.bstrVal);
         return S_OK;
     });
 }

@@ -84,10 +84,12 @@ bool InitEnvironment() {
     if (!language.empty())
         SwitchResources(language);
 
+    // Not read in place: a separator that is too long would be written in part.
+    char separator[sizeof decimalSeparator];
     const bool separatorRead =
-        GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, decimalSeparator, sizeof decimalSeparator) != 0;
-    if (!separatorRead)
-        decimalSeparator[0] = '\0';
+        GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, sizeof separator) != 0;
+    if (separatorRead)
+        std::strcpy(decimalSeparator, separator);
 
     RegistryValue logFile;
     const char* path = nullptr;

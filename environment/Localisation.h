@@ -6,7 +6,8 @@ namespace nux {
 
 /// Starts what depends on the installation paths: product version, interface language and its resource
 /// module, decimal separator, log file. Called each time the paths are set.
-/// @return false if the decimal separator could not be read; all the rest is done then too
+/// @return false if the decimal separator could not be read, which leaves it as it was; all the rest is done
+///         then too
 /// Throws std::bad_alloc.
 bool InitEnvironment();
 

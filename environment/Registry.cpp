@@ -56,14 +56,14 @@ bool CRegistry::QueryValue(const std::string& keyPath, const std::string& name, 
     DWORD size = 0;
     if (RegQueryValueExA(key.Get(), name.c_str(), nullptr, &type, nullptr, &size) != ERROR_SUCCESS)
         return false;
-    RegistryValue read;
-    BYTE* bytes = read.Allocate(type, size);
+    std::vector<BYTE> bytes(size + 1);  // never null, which would ask for the size alone
     const bool succeeded =
-        RegQueryValueExA(key.Get(), name.c_str(), nullptr, &type, bytes, &size) == ERROR_SUCCESS;
+        RegQueryValueExA(key.Get(), name.c_str(), nullptr, &type, bytes.data(), &size) == ERROR_SUCCESS;
     key.Reset();
     CloseRoot();
-    if (!succeeded)
-        read.Clear();
+    RegistryValue read;
+    if (succeeded)  // type and size as they are by now: another process may have written in between
+        std::copy_n(bytes.begin(), size, read.Allocate(type, size));
     *value = std::move(read);
     return succeeded;
 }

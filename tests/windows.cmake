@@ -64,6 +64,8 @@ target_link_libraries(chooser_messages_tests PRIVATE chooser_support component_r
 add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
 target_link_libraries(chooser_endurance_tests PRIVATE chooser_support component_resources psapi)
 
+# The test runner does not run the endurance tests yet: under Wine the numbers of device contexts and regions rise by a
+# few pairs at once, at no certain opening, and stay there; whether that is Wine's cache of contexts is not proven.
 # A decimal point, a decimal comma, double-byte texts. They use the pointer and the desktop's focus.
 foreach(locale en_US de_DE ja_JP)
     foreach(program chooser_tests chooser_messages_tests)
@@ -80,6 +82,7 @@ target_link_libraries(chooser_pictures PRIVATE chooser_support component_resourc
 add_executable(fresh_process environment/fresh_process.cpp)
 target_link_libraries(fresh_process PRIVATE component decisions platform)
 add_dependencies(environment_tests fresh_process resource_german)
+target_sources(environment_tests PRIVATE control/ImportPatch.cpp)
 
 nux_windows_test(huge_files_tests environment/huge/HugeFilesTest.cpp)
 
@@ -93,12 +96,9 @@ foreach(locale de_AT de_CH de_DE en_US ja_JP cy_GB gl_ES)
         TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
 endforeach()
 nux_windows_test(double_byte_tests languages/DoubleByteTest.cpp)
-# Wine makes files with names beyond ASCII only if the machine has the locale. The machine's neutral one, under the
-# name of the Japanese, is enough.
-file(COPY /usr/lib/locale/C.utf8/ DESTINATION ${PROJECT_BINARY_DIR}/machine_locales/ja_JP.UTF-8)
-set_tests_properties(double_byte_tests PROPERTIES
-    RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=ja_JP.UTF-8;LOCPATH=${PROJECT_BINARY_DIR}/machine_locales")
-set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE)
+set_tests_properties(double_byte_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=ja_JP.UTF-8")
+# In this time zone a stamp of the system's clock differs from one of the local clock.
+set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "TZ=XYZ-5:30")
 
 # What nearly every test includes is compiled once.
 target_precompile_headers(test_support PRIVATE <windows.h> <gtest/gtest.h>)

@@ -177,7 +177,11 @@ TEST_F(Connections, SinksAreHeldAndNothingIsEverFired) {
     EXPECT_EQ(2u, References(properties.Get()));
     parts->put_UserData(Bstr(L"changed").Get());
     parts->put_Initialised(1);
+    Variant none;
+    ComPtr<IDispatch> row;
+    parts->ChooseDimensions(nullptr, nullptr, nullptr, none, none, none, row.Receive());
     EXPECT_EQ(0, events->events);
+    EXPECT_EQ(0, properties->changes);
     EXPECT_EQ(S_OK, Point(DIID__InuxStdPartsEvents)->Unadvise(eventCookie));
     EXPECT_EQ(1u, References(events.Get()));
     EXPECT_EQ(CONNECT_E_NOCONNECTION, Point(DIID__InuxStdPartsEvents)->Unadvise(eventCookie));

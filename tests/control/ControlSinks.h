@@ -35,13 +35,21 @@ class PropertySink : public IPropertyNotifySink {
 public:
     virtual ~PropertySink() = default;
 
-    STDMETHODIMP OnChanged(DISPID) override { return S_OK; }
-    STDMETHODIMP OnRequestEdit(DISPID) override { return S_OK; }
+    int changes = 0;  ///< announced or made
+
+    STDMETHODIMP OnChanged(DISPID) override { return Count(); }
+    STDMETHODIMP OnRequestEdit(DISPID) override { return Count(); }
 
 protected:
     void* FindInterface(REFIID iid) noexcept {
         return iid == IID_IUnknown || iid == IID_IPropertyNotifySink ? static_cast<IPropertyNotifySink*>(this)
                                                                      : nullptr;
+    }
+
+private:
+    HRESULT Count() {
+        ++changes;
+        return S_OK;
     }
 };
 

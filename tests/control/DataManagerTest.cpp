@@ -4,6 +4,7 @@
 
 #include "tests/control/Component.h"
 #include "tests/control/HostDoubles.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -98,6 +99,44 @@ TEST_F(DataManager, NullPointersAreInvalid) {
         EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.get)(nullptr)) << property.name;
     for (const Property& property : texts)
         EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.get)(nullptr)) << property.name;
+}
+
+TEST_F(DataManager, TextsComeInInTheCodePageOfTheThreadAndGoOutInThatOfTheSystem) {
+    const ThreadLocale locale(russian);
+    for (const Property& property : texts) {
+        SCOPED_TRACE(property.name);
+        Variant value;
+        MakeText(L"\u0416", value);
+        EXPECT_EQ(S_OK, (data.Get()->*property.put)(value));
+        EXPECT_EQ(S_OK, (data.Get()->*property.get)(&value));
+        EXPECT_STREQ(L"\u00c6", value.bstrVal);
+    }
+}
+
+TEST_F(DataManager, OfAVariableItsValueIsTaken) {
+    Variant variable;
+    VARIANT reference{};
+    reference.vt = VT_BYREF | VT_VARIANT;
+    reference.pvarVal = &variable;
+    Variant read;
+    for (const Property& property : sizes) {
+        MakeArray({1, 2}, variable);
+        EXPECT_EQ(S_OK, (data.Get()->*property.put)(reference)) << property.name;
+        variable.Receive();
+        EXPECT_EQ(S_OK, (data.Get()->*property.get)(read.Receive())) << property.name;
+        EXPECT_EQ(2, Element(read, 1));
+        EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference)) << "an empty variable";
+    }
+    for (const Property& property : texts) {
+        MakeText(L"text", variable);
+        EXPECT_EQ(S_OK, (data.Get()->*property.put)(reference)) << property.name;
+        variable.Receive();
+        EXPECT_EQ(S_OK, (data.Get()->*property.get)(read.Receive())) << property.name;
+        EXPECT_STREQ(L"text", read.bstrVal);
+        EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference)) << "an empty variable";
+    }
+    reference.pvarVal = nullptr;
+    EXPECT_EQ(E_INVALIDARG, data->put_Units(reference));
 }
 
 TEST_F(DataManager, WhatWasNotSetFails) {

@@ -7,7 +7,9 @@
 #include <regex>
 
 #include "framework/Handles.h"
+#include "tests/control/ImportPatch.h"
 #include "tests/control/Installation.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -35,10 +37,46 @@ protected:
     }
 };
 
+int opened = 0;
+
+HANDLE WINAPI CountOpened(const char*, DWORD, DWORD, SECURITY_ATTRIBUTES*, DWORD, DWORD, HANDLE) {
+    ++opened;
+    return INVALID_HANDLE_VALUE;
+}
+
 TEST_F(DebugLog, WithoutALogFileNothingIsWritten) {
+    const ImportPatch patch(LoadedModule(), "KERNEL32.dll", "CreateFileA",
+                            reinterpret_cast<void*>(CountOpened));
+    ASSERT_TRUE(patch);
+    opened = 0;
     EXPECT_EQ(S_OK, WriteEntry(L"nowhere"));
     EXPECT_EQ(S_OK, parts->WriteDebugString(nullptr));
+    EXPECT_EQ(0, opened);
     EXPECT_EQ(0, Status());
+}
+
+BOOL WINAPI WriteNothing(HANDLE, const void*, DWORD, DWORD* written, OVERLAPPED*) {
+    *written = 0;
+    return FALSE;
+}
+
+TEST_F(DebugLog, AWriteThatFailsIsIgnored) {
+    LogTo("log");
+    {
+        const ImportPatch patch(LoadedModule(), "KERNEL32.dll", "WriteFile",
+                                reinterpret_cast<void*>(WriteNothing));
+        ASSERT_TRUE(patch);
+        EXPECT_EQ(S_OK, WriteEntry(L"lost"));
+    }
+    EXPECT_EQ(S_OK, WriteEntry(L"kept"));
+    EXPECT_EQ("#kept", Unstamped("log"));
+}
+
+TEST_F(DebugLog, TheTextIsNarrowedToTheCodePageOfTheThread) {
+    LogTo("log");
+    const ThreadLocale locale(russian);
+    WriteEntry(L"\u0416");
+    EXPECT_EQ("#\xc6", Unstamped("log"));
 }
 
 TEST_F(DebugLog, AnEntryIsAStampAndTheTextAndNothingElse) {

@@ -5,8 +5,13 @@
 #include <gtest/gtest.h>
 #include <msxml2.h>
 
+#include <functional>
+#include <iterator>
+#include <string_view>
+
 #include "tests/control/HostDoubles.h"
 #include "tests/control/Installation.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -81,20 +86,58 @@ TEST_F(DocumentServices, WhatCannotBeLoadedFailsWithNull) {
     expectFailure([&](IDispatch** out) { return parts->GetXMLDocument(nullptr, out); });
 }
 
-TEST_F(DocumentServices, FilesThatAreNoXmlFailWithNull) {
-    for (const std::string_view content :
-         {std::string_view(""), std::string_view("<Catalog>"), std::string_view("\0\xff\xfe\x01", 4),
-          std::string_view("not XML")}) {
-        folder.Write("catalogs\\BROKEN\\Catalog.xml", content);
-        ComPtr<IDispatch> document;
-        EXPECT_EQ(E_FAIL, parts->GetComponentsDocument(Bstr(L"BROKEN").Get(), document.Receive()));
-        EXPECT_FALSE(document);
+constexpr std::string_view noXml[] = {"", "<Dims>", {"\0\xff\xfe\x01", 4}, "not XML"};
+
+TEST_F(DocumentServices, AFileOfAnyKindThatIsNoXmlFailsWithNullUntilItIsMended) {
+    const Bstr id(L"BOLTS");
+    const Bstr component(L"BAD");
+    const Bstr url(folder.Url("bad.xml"), CP_ACP);
+    struct Kind {
+        const char* file;
+        std::function<HRESULT(IDispatch**)> get;
+    };
+    const Kind kinds[] = {
+        {catalogue, [&](IDispatch** out) { return parts->GetComponentsDocument(id.Get(), out); }},
+        {"catalogs\\BOLTS\\StdDimensions\\BAD.xml",
+         [&](IDispatch** out) { return parts->GetStdDimensionNode(id.Get(), component.Get(), out); }},
+        {"custom\\catalogs\\BOLTS\\UsrDimensions\\BAD.xml",
+         [&](IDispatch** out) { return parts->GetUsrDimensionNode(id.Get(), component.Get(), out); }},
+        {"bad.xml", [&](IDispatch** out) { return parts->GetXMLDocument(url.Get(), out); }}};
+    for (const Kind& kind : kinds) {
+        SCOPED_TRACE(kind.file);
+        ComPtr<IDispatch> found;
+        for (const std::string_view content : noXml) {
+            folder.Write(kind.file, content);
+            EXPECT_EQ(E_FAIL, kind.get(found.Receive())) << content;
+            EXPECT_FALSE(found);
+        }
+        folder.Write(kind.file, "<Dims kind='mended'/>");
+        EXPECT_EQ(S_OK, kind.get(found.Receive())) << "a failed load is not remembered";
+        EXPECT_EQ(L"mended", DocumentServices::Kind(found));
     }
-    folder.Write("catalogs\\BROKEN\\Catalog.xml", "<Catalog kind='mended'/>");
+}
+
+TEST_F(DocumentServices, MessagesOfAFileThatIsNoXmlAreGivenBackForGood) {
+    folder.MakeFolder("locale\\English");
+    UseInstallation();
+    for (std::size_t number = 0; number < std::size(noXml); ++number) {
+        const std::string id = "NOXML" + std::to_string(number);
+        const std::string file = "locale\\English\\" + id + "_Msgs.xml";
+        folder.Write(file, noXml[number]);
+        EXPECT_EQ(L"Bolt", Localized(Widen(id), L"Bolt")) << noXml[number];
+        WriteMessage(file, "Bolt", "mended");
+        EXPECT_EQ(L"Bolt", Localized(Widen(id), L"Bolt")) << "looked for once per process";
+    }
+}
+
+TEST_F(DocumentServices, UrlsComeInInTheCodePageOfTheThread) {
+    const ThreadLocale locale(russian);
+    const std::wstring path = Widen(folder.Path(), CP_ACP) + L"\u0416.xml";
+    ASSERT_TRUE(CopyFileW(Widen(folder.Path() + catalogue, CP_ACP).c_str(), path.c_str(), TRUE));
     ComPtr<IDispatch> document;
-    EXPECT_EQ(S_OK, parts->GetComponentsDocument(Bstr(L"BROKEN").Get(), document.Receive()))
-        << "a failed load is not remembered";
-    EXPECT_EQ(L"mended", Kind(document));
+    EXPECT_EQ(S_OK, parts->GetXMLDocument(Bstr(L"file://" + path).Get(), document.Receive()));
+    EXPECT_EQ(L"bolts", Kind(document));
+    EXPECT_TRUE(DeleteFileW(path.c_str())) << "its name is beyond the system's";
 }
 
 TEST_F(DocumentServices, ACataloguesDocumentIsTheCachedOneOfItsUrl) {
@@ -118,6 +161,27 @@ TEST_F(DocumentServices, ACataloguesDocumentIsLookedForBelowThePathAndNotAskedOf
     ComPtr<IDispatch> document;
     EXPECT_EQ(S_OK, parts->GetComponentsDocument(Bstr(L"BOLTS").Get(), document.Receive()));
     EXPECT_TRUE(app->asked.empty());
+}
+
+TEST_F(DocumentServices, SizesAreLookedForBelowTheObjectsOwnPaths) {
+    const auto side = MakeObject<Host3D>();
+    const auto app = MakeObject<HostApplication>();
+    side->application = ComPtr<IDispatch>(app.Get());
+    folder.Write("second\\" + std::string(standard), "<Dims kind='second'/>");
+    folder.Write("second\\" + std::string(users), "<Dims kind='second'/>");
+    const std::string root = folder.Path() + "second\\";
+    const ComPtr<InuxStdParts> second = CreateParts();
+    second->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    ASSERT_EQ(S_OK,
+              SetPaths(second, root + "catalogs\\", root + "data\\", root + "gui\\", root + "custom\\"));
+    for (const NodeOf get : {&InuxStdParts::GetStdDimensionNode, &InuxStdParts::GetUsrDimensionNode}) {
+        ComPtr<IDispatch> node;
+        EXPECT_EQ(S_OK, Node(get, L"BOLTS", L"M8", node));
+        EXPECT_EQ(L"first", Kind(node)) << "another object's paths came later";
+        EXPECT_EQ(S_OK, (second.Get()->*get)(Bstr(L"BOLTS").Get(), Bstr(L"M8").Get(), node.Receive()));
+        EXPECT_EQ(L"second", Kind(node));
+    }
+    EXPECT_TRUE(app->asked.empty()) << "nor is the host asked";
 }
 
 TEST_F(DocumentServices, ADocumentIsAskedForByUrlAndEachSpellingIsOneOfItsOwn) {
@@ -170,8 +234,6 @@ TEST_F(DocumentServices, ADocumentWithoutARootGivesNullAndNoFailure) {
 }
 
 TEST_F(DocumentServices, PathsAndIdsWithUmlautsAndBlanksAreFound) {
-    if (!TakesUmlauts(folder))
-        GTEST_SKIP() << umlautsMissing;
     folder.Write(
         "catalogs\\Gr\xf6\xdf"
         "en 1\\Catalog.xml",

@@ -64,6 +64,14 @@ TEST_F(HostWizards, WithoutItsClassTheLifterWizardIsNull) {
     EXPECT_EQ(E_INVALIDARG, parts->get_LifterWizard(nullptr));
 }
 
+TEST_F(HostWizards, ALifterWizardOfAnotherKindOfServerIsNotTaken) {
+    const LifterWizardClass wizards(nullptr, CLSCTX_LOCAL_SERVER);
+    IDispatch* wizard = static_cast<Inux3D*>(side.Get());
+    EXPECT_EQ(S_FALSE, parts->get_LifterWizard(&wizard));
+    EXPECT_EQ(nullptr, wizard);
+    EXPECT_EQ(0, wizards.Made());
+}
+
 TEST_F(HostWizards, TheLifterWizardIsMadeOncePerObject) {
     const LifterWizardClass wizards;
     ComPtr<IDispatch> wizard;

@@ -8,11 +8,6 @@ HRESULT SetPaths(const ComPtr<InuxStdParts>& parts, const std::string& catalog, 
                                Bstr(custom, CP_ACP).Get());
 }
 
-bool TakesUmlauts(const TempFolder& folder) {
-    const std::wstring probe = Widen(folder.Path()) + L"\u00e4\u00f6\u00fc";
-    return CreateDirectoryW(probe.c_str(), nullptr) && RemoveDirectoryW(probe.c_str());
-}
-
 void InstallationTest::SetUp() {
     PartsTest::SetUp();
     ASSERT_EQ(S_OK, UseInstallation());

@@ -11,10 +11,6 @@ namespace nux {
 HRESULT SetPaths(const ComPtr<InuxStdParts>& parts, const std::string& catalog, const std::string& data,
                  const std::string& gui, const std::string& custom);
 
-/// Whether files with umlauts in their names can be made; not so where Wine maps names to a locale of ASCII.
-bool TakesUmlauts(const TempFolder& folder);
-inline constexpr char umlautsMissing[] = "the locale of this run has no umlauts in file names";
-
 /// Base of tests on an installation in a folder of its own: "catalogs", "data", "gui" with "locale" beside
 /// it, and "custom". SetUp gives its paths to the object. Tests run with US English as the user's language.
 class InstallationTest : public PartsTest {

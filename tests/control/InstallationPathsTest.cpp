@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include "control/nuxStdParts.h"
+#include "environment/InstallationPaths.h"
 #include "tests/control/HostDoubles.h"
 #include "tests/control/ImportPatch.h"
 #include "tests/control/Installation.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -53,6 +56,23 @@ TEST_F(InstallationPaths, ASecondObjectReplacesWhatIsSharedAndLeavesTheFirstItsO
     EXPECT_TRUE(HasCatalogue(second, L"NUTS"));
     EXPECT_EQ(S_OK, UseInstallation());
     EXPECT_EQ(L"", ReadText(second, &InuxStdParts::GetInterfaceLanguage)) << "the last call wins";
+}
+
+TEST_F(InstallationPaths, AreKnownToTheLayersBelow) {
+    // Not the registered module's object, whose process-wide paths can't be seen from here, but one of this
+    // program's own.
+    const auto own = MakeObject<nuxStdParts>();
+    const ThreadLocale locale(russian);
+    EXPECT_EQ(S_OK, own->SetTRNVPaths(Bstr(L"c\\").Get(), Bstr(L"\u0416\\").Get(), Bstr(L"g\\").Get(),
+                                      Bstr(L"u\\").Get()));
+    EXPECT_EQ("c\\", Installation().catalog);
+    EXPECT_EQ("\xc6\\", Installation().data) << "in the code page of the thread";
+    EXPECT_EQ("g\\", Installation().gui);
+    EXPECT_EQ("u\\", Installation().customDims);
+    EXPECT_EQ(S_OK, own->SetTRNVPaths(nullptr, nullptr, nullptr, nullptr));
+    for (const std::string& path :
+         {Installation().catalog, Installation().data, Installation().gui, Installation().customDims})
+        EXPECT_EQ("", path);
 }
 
 TEST_F(InstallationPaths, AnEnvironmentThatDoesNotStartFailsWithThePathsSet) {
@@ -148,6 +168,16 @@ TEST_F(FolderOfACatalogue, IsWhatTheHostSays) {
     EXPECT_EQ((std::vector<std::wstring>{L"HOSTS"}), app->asked);
     EXPECT_EQ(2048u, app->lcid);
     EXPECT_EQ(DISPATCH_METHOD, app->flags);
+}
+
+TEST_F(FolderOfACatalogue, IsNotAskedOfAHostThatCameAfterThePaths) {
+    UseInstallation();
+    parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    app->folders[L"LATE"] = Widen(folder.Path() + "host\\");
+    WriteMessage("catalogs\\locale\\English\\LATE_Msgs.xml", "Where", "in the root");
+    WriteMessage("host\\locale\\English\\LATE_Msgs.xml", "Where", "with the host");
+    EXPECT_EQ(L"in the root", Localized(L"LATE", L"Where"));
+    EXPECT_TRUE(app->asked.empty());
 }
 
 TEST_F(FolderOfACatalogue, IsNoLongerAskedOfAHostThatWasTakenAway) {

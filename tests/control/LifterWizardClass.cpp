@@ -28,9 +28,11 @@ private:
     Journal* journal_;
 };
 
-LifterWizardClass::LifterWizardClass(Journal* journal) : factory_(MakeObject<Factory>(journal)) {
-    EXPECT_EQ(S_OK, CoRegisterClassObject(CLSID_nuxLifterWizard, factory_.Get(), CLSCTX_INPROC_SERVER,
-                                          REGCLS_MULTIPLEUSE, &registration_));
+LifterWizardClass::LifterWizardClass(Journal* journal, DWORD context)
+    : factory_(MakeObject<Factory>(journal)) {
+    // Kept apart: else a local server's class would be one of this process as well.
+    EXPECT_EQ(S_OK, CoRegisterClassObject(CLSID_nuxLifterWizard, factory_.Get(), context,
+                                          REGCLS_MULTI_SEPARATE, &registration_));
 }
 
 LifterWizardClass::~LifterWizardClass() {

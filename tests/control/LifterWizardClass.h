@@ -11,7 +11,8 @@ namespace nux {
 class LifterWizardClass {
 public:
     /// @param journal  told "lifter wizard released" by each wizard; may be null
-    explicit LifterWizardClass(Journal* journal = nullptr);
+    /// @param context  the kind of server that the class is offered as
+    explicit LifterWizardClass(Journal* journal = nullptr, DWORD context = CLSCTX_INPROC_SERVER);
     LifterWizardClass(const LifterWizardClass&) = delete;
     LifterWizardClass& operator=(const LifterWizardClass&) = delete;
     ~LifterWizardClass();

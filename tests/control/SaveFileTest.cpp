@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "framework/Handles.h"
+#include "tests/control/ImportPatch.h"
 #include "tests/control/Installation.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -44,13 +46,67 @@ TEST_F(SaveFile, KeepsZerosInsideTheText) {
 }
 
 TEST_F(SaveFile, AFileNameWithUmlautsIsFound) {
-    if (!TakesUmlauts(folder))
-        GTEST_SKIP() << umlautsMissing;
     EXPECT_EQ(S_OK, Save("Gr\xf6\xdf"
                          "e.txt",
                          L"x"));
     EXPECT_NE(INVALID_FILE_ATTRIBUTES,
               GetFileAttributesW((Widen(folder.Path()) + L"Gr\u00f6\u00dfe.txt").c_str()));
+}
+
+TEST_F(SaveFile, TheTextIsNarrowedToTheCodePageOfTheThread) {
+    const ThreadLocale locale(russian);
+    EXPECT_EQ(S_OK, Save("russian.txt", L"\u0416"));
+    EXPECT_EQ("\xc6", folder.Read("russian.txt"));
+}
+
+BOOL WINAPI WriteHalf(HANDLE file, const void* bytes, DWORD size, DWORD* written, OVERLAPPED* overlapped) {
+    return WriteFile(file, bytes, size / 2, written, overlapped);
+}
+
+BOOL WINAPI WriteAllAndFail(HANDLE file, const void* bytes, DWORD size, DWORD* written,
+                            OVERLAPPED* overlapped) {
+    WriteFile(file, bytes, size, written, overlapped);
+    return FALSE;
+}
+
+TEST_F(SaveFile, AnythingButAFullWriteFailsWithTheFileClosed) {
+    for (const auto& write : {WriteHalf, WriteAllAndFail}) {
+        {
+            const ImportPatch patch(LoadedModule(), "KERNEL32.dll", "WriteFile",
+                                    reinterpret_cast<void*>(write));
+            ASSERT_TRUE(patch);
+            EXPECT_EQ(E_FAIL, Save("part.txt", L"text"));
+        }
+        EXPECT_TRUE(DeleteFileA((folder.Path() + "part.txt").c_str()));
+    }
+}
+
+/// Which of two ways of opening the file work while it is being written.
+struct OpenedMeanwhile {
+    std::string path;
+    bool forReading = false;
+    bool forWriting = false;
+} meanwhile;
+
+BOOL WINAPI OpenAndWrite(HANDLE file, const void* bytes, DWORD size, DWORD* written, OVERLAPPED* overlapped) {
+    const auto opens = [](DWORD access) {
+        return static_cast<bool>(
+            UniqueFile(CreateFileA(meanwhile.path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                   nullptr, OPEN_EXISTING, 0, nullptr)));
+    };
+    meanwhile.forReading = opens(GENERIC_READ);
+    meanwhile.forWriting = opens(GENERIC_WRITE);
+    return WriteFile(file, bytes, size, written, overlapped);
+}
+
+TEST_F(SaveFile, OthersMayReadTheFileMeanwhileAndNotWriteIt) {
+    meanwhile = {folder.Path() + "shared.txt"};
+    const ImportPatch patch(LoadedModule(), "KERNEL32.dll", "WriteFile",
+                            reinterpret_cast<void*>(OpenAndWrite));
+    ASSERT_TRUE(patch);
+    EXPECT_EQ(S_OK, Save("shared.txt", L"text"));
+    EXPECT_TRUE(meanwhile.forReading);
+    EXPECT_FALSE(meanwhile.forWriting);
 }
 
 TEST_F(SaveFile, AFileThatAnotherHoldsFailsAndStays) {

@@ -137,6 +137,20 @@ TEST_F(ScriptArray, AnElementThatFailsFailsTheWhole) {
     EXPECT_EQ(DISPATCH_PROPERTYGET, object->lastRead.flags);
 }
 
+TEST_F(ScriptArray, OneThatFailsLetsGoOfWhatItHasTaken) {
+    const auto element = MakeObject<NamedProperties>();
+    const auto object = MakeObject<NamedProperties>();
+    Variant taken;
+    taken.vt = VT_DISPATCH;
+    ComPtr<IDispatch>(element.Get()).CopyTo(&taken.pdispVal);
+    object->SetNumber(L"length", 2);
+    object->Set(L"0", taken);
+    const ULONG before = References(element.Get());
+    Variant array;
+    EXPECT_EQ(E_FAIL, parts->JSArray2SafeArray(object.Get(), &array));
+    EXPECT_EQ(before, References(element.Get()));
+}
+
 TEST_F(ScriptArray, NullsAreInvalid) {
     Variant array;
     EXPECT_EQ(E_INVALIDARG, parts->JSArray2SafeArray(nullptr, &array));

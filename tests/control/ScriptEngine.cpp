@@ -1,13 +1,13 @@
 #include "tests/control/ScriptEngine.h"
 
-#include <gtest/gtest.h>
+#include <utility>
 
 #include "framework/ComObject.h"
+#include "framework/HResult.h"
 
 namespace nux {
 namespace {
 
-constexpr CLSID classOfJScript{0xf414c260, 0x6ac0, 0x11cf, {0xb6, 0xd1, 0x00, 0xaa, 0x00, 0xbb, 0xbb, 0x58}};
 constexpr IID idOfActiveScript{0xbb1a2ae1, 0xa4f9, 0x11cf, {0x8f, 0x20, 0x00, 0x80, 0x5f, 0x2c, 0xd0, 0x64}};
 constexpr IID idOfScriptSite{0xdb01a1e3, 0xa42b, 0x11cf, {0x8f, 0x20, 0x00, 0x80, 0x5f, 0x2c, 0xd0, 0x64}};
 #ifdef _WIN64
@@ -19,9 +19,18 @@ constexpr IID idOfScriptParse{0xbb1a2ae2, 0xa4f9, 0x11cf, {0x8f, 0x20, 0x00, 0x8
 /// The least that an engine needs of its host.
 class ScriptSite : public IActiveScriptSite {
 public:
+    explicit ScriptSite(ScriptEngine::Objects objects) : objects_(std::move(objects)) {}
+
     STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetItemInfo(LPCOLESTR, DWORD, IUnknown**, ITypeInfo**) override {
-        return TYPE_E_ELEMENTNOTFOUND;
+    STDMETHODIMP GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** object, ITypeInfo** typeInfo) override {
+        const auto found = objects_.find(name);
+        if (found == objects_.end())
+            return TYPE_E_ELEMENTNOTFOUND;
+        if (mask & SCRIPTINFO_IUNKNOWN)
+            found->second.CopyTo(object);
+        if (mask & SCRIPTINFO_ITYPEINFO)
+            *typeInfo = nullptr;
+        return S_OK;
     }
     STDMETHODIMP GetDocVersionString(BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }
@@ -35,22 +44,34 @@ protected:
     void* FindInterface(REFIID iid) noexcept {
         return iid == IID_IUnknown || iid == idOfScriptSite ? static_cast<IActiveScriptSite*>(this) : nullptr;
     }
+
+private:
+    ScriptEngine::Objects objects_;
 };
 
 }  // namespace
 
-ScriptEngine::ScriptEngine() {
-    EXPECT_EQ(S_OK, CoCreateInstance(classOfJScript, nullptr, CLSCTX_INPROC_SERVER, idOfActiveScript,
-                                     engine_.ReceiveVoid()));
+ScriptEngine::ScriptEngine(const wchar_t* progId, Objects objects) {
+    CLSID classId;
+    ThrowIfFailed(CLSIDFromProgID(progId, &classId));
+    ThrowIfFailed(
+        CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, idOfActiveScript, engine_.ReceiveVoid()));
     parser_ = engine_.As<IActiveScriptParse>(idOfScriptParse);
-    EXPECT_TRUE(parser_);
-    EXPECT_EQ(S_OK, parser_->InitNew());
-    EXPECT_EQ(S_OK, engine_->SetScriptSite(MakeObject<ScriptSite>().Get()));
-    EXPECT_EQ(S_OK, engine_->SetScriptState(SCRIPTSTATE_STARTED));
+    if (!parser_)
+        throw HResultError(E_NOINTERFACE);
+    ThrowIfFailed(parser_->InitNew());
+    ThrowIfFailed(engine_->SetScriptSite(MakeObject<ScriptSite>(objects).Get()));
+    for (const auto& object : objects)
+        ThrowIfFailed(engine_->AddNamedItem(object.first.c_str(), SCRIPTITEM_ISVISIBLE));
+    ThrowIfFailed(engine_->SetScriptState(SCRIPTSTATE_STARTED));
 }
 
 ScriptEngine::~ScriptEngine() {
     engine_->Close();
+}
+
+HRESULT ScriptEngine::Run(const std::wstring& statements) {
+    return parser_->ParseScriptText(statements.c_str(), nullptr, nullptr, nullptr, 0, 0, 0, nullptr, nullptr);
 }
 
 HRESULT ScriptEngine::Evaluate(const std::wstring& expression, Variant& value) {
@@ -60,9 +81,10 @@ HRESULT ScriptEngine::Evaluate(const std::wstring& expression, Variant& value) {
 
 ComPtr<IDispatch> ScriptEngine::Object(const std::wstring& expression) {
     Variant value;
-    EXPECT_EQ(S_OK, Evaluate(expression, value));
-    EXPECT_EQ(VT_DISPATCH, value.vt);
-    return ComPtr<IDispatch>(value.vt == VT_DISPATCH ? value.pdispVal : nullptr);
+    ThrowIfFailed(Evaluate(expression, value));
+    if (value.vt != VT_DISPATCH)
+        throw HResultError(DISP_E_TYPEMISMATCH);
+    return ComPtr<IDispatch>(value.pdispVal);
 }
 
 }  // namespace nux

@@ -4,6 +4,7 @@
 
 #include <activscp.h>
 
+#include <map>
 #include <string>
 
 #include "framework/Automation.h"
@@ -11,17 +12,25 @@
 
 namespace nux {
 
-/// The platform's own JScript engine in this process.
+/// One of the platform's own script engines in this process.
 class ScriptEngine {
 public:
-    ScriptEngine();
+    using Objects = std::map<std::wstring, ComPtr<IDispatch>>;
+
+    /// Throws HResultError if there is no engine.
+    /// @param progId   "JScript" or "VBScript"
+    /// @param objects  what its scripts know by name
+    explicit ScriptEngine(const wchar_t* progId = L"JScript", Objects objects = {});
     ScriptEngine(const ScriptEngine&) = delete;
     ScriptEngine& operator=(const ScriptEngine&) = delete;
     ~ScriptEngine();
 
+    /// Runs statements to their end. @return a failure if the engine could not read them or one raised an
+    /// error
+    HRESULT Run(const std::wstring& statements);
     /// The value of an expression. @return what the engine returned
     HRESULT Evaluate(const std::wstring& expression, Variant& value);
-    /// The object that an expression makes, such as an array.
+    /// The object that an expression makes, such as an array. Throws HResultError if it makes none.
     ComPtr<IDispatch> Object(const std::wstring& expression);
 
 private:

@@ -4,6 +4,7 @@
 
 #include "tests/control/Component.h"
 #include "tests/control/HostDoubles.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -70,6 +71,15 @@ TEST_F(ScriptTexts, AreNarrowInside) {
         SCOPED_TRACE(property.name);
         Put(property, L"\u00c4\u00df\u20ac \u4e2d");
         EXPECT_EQ(L"\u00c4\u00df\u20ac ?", ReadText(parts, property.get));
+    }
+}
+
+TEST_F(ScriptTexts, ComeInInTheCodePageOfTheThreadAndGoOutInThatOfTheSystem) {
+    const ThreadLocale locale(russian);
+    for (const TextProperty& property : textProperties) {
+        SCOPED_TRACE(property.name);
+        Put(property, L"\u0416");
+        EXPECT_EQ(L"\u00c6", ReadText(parts, property.get));
     }
 }
 
@@ -215,7 +225,7 @@ TEST_F(GlobalData, KeepsANullObject) {
     EXPECT_EQ(nullptr, read.pdispVal);
 }
 
-TEST_F(GlobalData, ItsOwnValuePutBackChangesNothing) {
+TEST_F(GlobalData, AValueThatWasReadCanBePutBack) {
     Variant given;
     given.vt = VT_BSTR;
     given.bstrVal = SysAllocString(L"mine");
@@ -223,6 +233,30 @@ TEST_F(GlobalData, ItsOwnValuePutBackChangesNothing) {
     RoundTrip(given, read);
     RoundTrip(read, given);
     EXPECT_STREQ(L"mine", given.bstrVal);
+}
+
+TEST_F(GlobalData, OfAReferenceIsTheValueThatItReferredTo) {
+    LONG number = 5;
+    VARIANT reference{};
+    reference.vt = VT_BYREF | VT_I4;
+    reference.plVal = &number;
+    EXPECT_EQ(S_OK, parts->put_GlobalData(reference));
+    number = 6;
+    Variant read;
+    EXPECT_EQ(S_OK, parts->get_GlobalData(&read));
+    EXPECT_EQ(VT_I4, read.vt);
+    EXPECT_EQ(5, read.lVal);
+
+    Variant variable;
+    variable.vt = VT_BSTR;
+    variable.bstrVal = SysAllocString(L"of a variable");
+    reference.vt = VT_BYREF | VT_VARIANT;
+    reference.pvarVal = &variable;
+    EXPECT_EQ(S_OK, parts->put_GlobalData(reference));
+    variable.Receive();
+    EXPECT_EQ(S_OK, parts->get_GlobalData(&read));
+    ASSERT_EQ(VT_BSTR, read.vt);
+    EXPECT_STREQ(L"of a variable", read.bstrVal);
 }
 
 TEST_F(GlobalData, AValueThatCannotBeCopiedIsRaisedAndLeavesTheError) {

@@ -5,6 +5,7 @@
 #include "environment/XMLAccess.h"
 #include "tests/support/HostDouble.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -44,6 +45,28 @@ TEST_F(ComponentNode, IsThePartWithTheId) {
 TEST_F(ComponentNode, LiesAtAnyDepth) {
     WriteCatalog("<Folder><Name>x</Name><Folder>" + Part("deep", "nested") + "</Folder></Folder>");
     EXPECT_EQ("nested", NameOf("deep"));
+}
+
+TEST_F(ComponentNode, IsFoundOrNullInAFileThatIsNestedDeeply) {
+    const auto nested = [](int levels) {
+        std::string content;
+        for (int level = 0; level < levels; ++level)
+            content += "<Folder>";
+        content += Part("deep", "nested");
+        for (int level = 0; level < levels; ++level)
+            content += "</Folder>";
+        return content;
+    };
+    WriteCatalog(nested(200));
+    EXPECT_EQ("nested", NameOf("deep"));
+    EXPECT_EQ("none", NameOf("missing"));
+    for (const int levels : {10'000, 100'000}) {  // more than every DOM takes
+        ClearXMLDocumentCache();
+        WriteCatalog(nested(levels));
+        ComPtr<IXMLDOMDocument> document;
+        const bool loaded = LoadXMLDocument(folder_.Url("Pins\\Catalog.xml"), document.Receive());
+        EXPECT_EQ(loaded ? "nested" : "none", NameOf("deep")) << levels;
+    }
 }
 
 TEST_F(ComponentNode, IsTheFirstOfTwoWithTheSameId) {
@@ -100,11 +123,16 @@ TEST_F(ComponentNode, MayHaveQuotesAndOtherMarksInItsId) {
 }
 
 TEST_F(ComponentNode, MayHaveUmlautsInItsId) {
-    if (GetACP() != 1252)
-        GTEST_SKIP() << "needs the western code page";
+    ASSERT_EQ(1252u, GetACP()) << "needs the western code page";
     WriteCatalog(Part("St&#246;&#223;el", "plunger"));
     EXPECT_EQ("plunger", NameOf("St\xF6\xDF"
                                 "el"));
+}
+
+TEST_F(ComponentNode, HasItsIdInTheCodePageOfTheThread) {
+    const ThreadLocale locale(russian);
+    WriteCatalog(Part("&#x416;", "found"));
+    EXPECT_EQ("found", NameOf("\xC6"));
 }
 
 TEST_F(ComponentNode, MayHaveALongId) {

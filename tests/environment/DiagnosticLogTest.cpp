@@ -8,6 +8,7 @@
 #include <string>
 
 #include "framework/Handles.h"
+#include "tests/control/ImportPatch.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/TempFolder.h"
@@ -81,6 +82,11 @@ TEST_F(DiagnosticLog, WritesItsTextByteByByte) {
 }
 
 TEST_F(DiagnosticLog, StampsAnEntryWithLocalDateAndTime) {
+    SYSTEMTIME local;
+    SYSTEMTIME universal;
+    GetLocalTime(&local);
+    GetSystemTime(&universal);
+    ASSERT_NE(local.wHour, universal.wHour) << "needs a time zone in which the two clocks can be told apart";
     const std::string before = Now();
     WriteStampedLogEntry("text");
     const std::string after = Now();
@@ -110,6 +116,26 @@ TEST_F(DiagnosticLog, TakesALongText) {
     const std::string text(3'000'000, 'x');
     WriteLogEntry(false, 0, 0, 0, text);
     EXPECT_EQ(text, Content());
+}
+
+BOOL WINAPI WriteNothing(HANDLE, const void*, DWORD, DWORD* written, OVERLAPPED*) {
+    *written = 0;
+    return FALSE;
+}
+
+TEST_F(DiagnosticLog, IgnoresAWriteThatFails) {
+    const unsigned handles = HandleCount();
+    {
+        const ImportPatch patch(GetModuleHandleA(nullptr), "KERNEL32.dll", "WriteFile",
+                                reinterpret_cast<void*>(WriteNothing));
+        ASSERT_TRUE(patch);
+        EXPECT_EQ(0, WriteLogEntry(false, 0, 0, 0, "lost"));
+        WriteStampedLogEntry("lost");
+    }
+    EXPECT_EQ(handles, HandleCount());
+    EXPECT_TRUE(IsLoggingEnabled());
+    WriteLogEntry(false, 0, 0, 0, "kept");
+    EXPECT_EQ("kept", Content());
 }
 
 TEST_F(DiagnosticLog, SharesItsFileWithAnotherThatReadsAndWrites) {

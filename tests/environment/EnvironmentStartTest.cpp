@@ -5,6 +5,7 @@
 #include "environment/ProductVersion.h"
 #include "environment/Registry.h"
 #include "resources/resource.h"
+#include "tests/control/ImportPatch.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/LanguageFolders.h"
 
@@ -191,6 +192,23 @@ TEST_F(EnvironmentStart, SucceedsWithTheLongestDecimalSeparatorAndFailsWithALong
     EXPECT_NE(std::string::npos, told.find("logging:1\r\n")) << "all the rest is done: " << told;
 }
 
+int WINAPI TellNothing(LCID, LCTYPE, char* text, int size) {
+    if (size > 1)
+        text[0] = '#';  // as a platform does that writes as much as there is room for
+    return 0;
+}
+
+TEST_F(EnvironmentStart, KeepsTheDecimalSeparatorThatItHasReadWhenItCannotReadItAgain) {
+    ASSERT_TRUE(InitEnvironment());
+    const std::string before = DecimalSeparator();
+    ASSERT_NE("", before);
+    const ImportPatch patch(GetModuleHandleA(nullptr), "KERNEL32.dll", "GetLocaleInfoA",
+                            reinterpret_cast<void*>(TellNothing));
+    ASSERT_TRUE(patch);
+    EXPECT_FALSE(InitEnvironment());
+    EXPECT_EQ(before, DecimalSeparator());
+}
+
 TEST_F(EnvironmentStart, ChoosesTheLanguageOfTheUserIfItIsInstalled) {
     languages_.Folder().MakeFolder("locale");
     InitEnvironment();
@@ -216,6 +234,30 @@ TEST_F(EnvironmentStart, TakesTheResourcesOfTheLanguage) {
     EXPECT_NE(ThisModule(), ResourceModule());
     EXPECT_EQ("Normteile", ProjectName());
     EXPECT_NE(nullptr, LoadIconA(ResourceModule(), MAKEINTRESOURCEA(IDI_FILTER)));
+}
+
+TEST_F(EnvironmentStart, LoadsTheResourcesEachTimeAndNeverFreesThem) {
+    InstallResources(LanguageFolders::UserLanguage(), languages_);
+    InitEnvironment();
+    const HINSTANCE first = ResourceModule();
+    InitEnvironment();
+    EXPECT_EQ(first, ResourceModule());
+    {
+        const LanguageFolders others;
+        InstallResources(LanguageFolders::UserLanguage(), others);
+        InitEnvironment();
+        EXPECT_NE(first, ResourceModule());
+        EXPECT_EQ("Normteile", ProjectName());
+    }
+    const auto isLoaded = [&] {
+        char path[MAX_PATH];
+        return GetModuleFileNameA(first, path, sizeof path) != 0;
+    };
+    for (int start = 0; start < 2; ++start) {
+        ASSERT_TRUE(isLoaded()) << start;
+        FreeLibrary(first);
+    }
+    EXPECT_FALSE(isLoaded()) << "loaded more often than started";
 }
 
 TEST_F(EnvironmentStart, KeepsTheBuiltInResourcesIfTheLanguageBringsNone) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/HostDouble.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -100,6 +101,17 @@ TEST_F(CatalogFolder, IsTheRootWhenTheAnswerIsNoString) {
 TEST_F(CatalogFolder, IsEmptyForAStringThatIsNull) {
     const InstalledHost host(Giving(nullptr, S_OK));
     EXPECT_EQ("", GetCatalogFolder("Pins"));
+}
+
+TEST_F(CatalogFolder, IsAskedForAndToldInTheCodePageOfTheThread) {
+    const ThreadLocale locale(russian);
+    const InstalledHost host(Application([](DISPID, WORD, const DISPPARAMS& parameters, VARIANT* result) {
+        EXPECT_STREQ(L"\u0416", parameters.rgvarg[0].bstrVal);
+        result->vt = VT_BSTR;
+        result->bstrVal = SysAllocString(L"C:\\\u0416\\");
+        return S_OK;
+    }));
+    EXPECT_EQ("C:\\\xC6\\", GetCatalogFolder("\xC6"));
 }
 
 TEST_F(CatalogFolder, LeavesNoReferenceOnTheHost) {

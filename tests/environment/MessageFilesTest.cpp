@@ -6,6 +6,7 @@
 
 #include "tests/support/HostDouble.h"
 #include "tests/support/LanguageFolders.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -172,8 +173,7 @@ TEST_F(MessageFiles, MayHaveLineBreaksBetweenTheirElementsAndLineFeedsInThem) {
 }
 
 TEST_F(MessageFiles, HoldTextsInTheCodePageOfTheSystem) {
-    if (GetACP() != 1252)
-        GTEST_SKIP() << "needs the western code page";
+    ASSERT_EQ(1252u, GetACP()) << "needs the western code page";
     languages_.WriteMessages("Umlauts_Msgs.xml",
                              Pair("Bush", "F&#252;hrungsb&#252;chse") + Pair("B&#252;gel", "&#8364;"));
     EXPECT_EQ(
@@ -181,6 +181,12 @@ TEST_F(MessageFiles, HoldTextsInTheCodePageOfTheSystem) {
         "chse",
         GetLocalizedMessage("Umlauts", "Bush"));
     EXPECT_EQ("\x80", GetLocalizedMessage("Umlauts", "B\xFCgel"));
+}
+
+TEST_F(MessageFiles, AreFoundByIdsInTheCodePageOfTheThread) {
+    const ThreadLocale locale(russian);
+    languages_.WriteMessages("Thread_Msgs.xml", Pair("&#x416;", "&#x416;&#xC6;"));
+    EXPECT_EQ("?\xC6", GetLocalizedMessage("Thread", "\xC6")) << "the text is in that of the system";
 }
 
 TEST_F(MessageFiles, OfOneLanguageStayWhenAnotherIsChosen) {

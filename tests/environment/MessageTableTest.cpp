@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "environment/XMLAccess.h"
-#include "framework/HResult.h"
+#include "framework/Automation.h"
 #include "tests/support/TempFolder.h"
 
 namespace nux {
@@ -88,6 +88,47 @@ TEST(MessageTable, GivesAPointerThatOutlastsLaterEntries) {
         table.Add(Id(number), Text(number));
     EXPECT_EQ(text, table.Find("OK"));
     EXPECT_EQ("text", *text);
+}
+
+TEST(MessageTable, HasWhatTheSelectionOfItsMessagesFinds) {
+    struct File {
+        const char* content;
+        bool found;
+    };
+    const File files[] = {
+        {"<Messages><MsgID>Pin</MsgID><T>Stift</T></Messages>", true},
+        {"<!--c--><?p i?><Messages><!--c--><T/><MsgID a='b'>Pin</MsgID><T>Stift</T></Messages>", true},
+        {"<Messages><MsgID>P<b>in</b></MsgID><T>Stift</T></Messages>", true},
+        {"<Messages><MsgID><![CDATA[Pin]]></MsgID><T>Stift</T></Messages>", true},
+        {"<!DOCTYPE Messages [<!ENTITY in 'in'>]><Messages><MsgID>P&in;</MsgID><T>Stift</T></Messages>",
+         true},
+        {"<messages><MsgID>Pin</MsgID><T>Stift</T></messages>", false},
+        {"<Messages><msgid>Pin</msgid><T>Stift</T></Messages>", false},
+        {"<Messages><MSGID>Pin</MSGID><T>Stift</T></Messages>", false},
+        {"<MsgID>Pin</MsgID>", false},
+        {"<Other><Messages><MsgID>Pin</MsgID><T>Stift</T></Messages></Other>", false},
+        {"<Messages><Messages><MsgID>Pin</MsgID><T>Stift</T></Messages></Messages>", false},
+        {"<Messages><!--<MsgID>Pin</MsgID>--><T>Stift</T></Messages>", false},
+        {"<Messages><?MsgID Pin?><T>Stift</T></Messages>", false},
+        {"<p:Messages xmlns:p='urn:x'><MsgID>Pin</MsgID><T>Stift</T></p:Messages>", false},
+        {"<Messages xmlns:p='urn:x'><p:MsgID>Pin</p:MsgID><T>Stift</T></Messages>", false},
+        {"<Messages xmlns='urn:x'><MsgID>Pin</MsgID><T>Stift</T></Messages>", true},
+        {"<Messages><MsgID xmlns='urn:x'>Pin</MsgID><T>Stift</T></Messages>", true},
+    };
+    for (const File& file : files) {
+        SCOPED_TRACE(file.content);
+        const TempFolder folder;
+        folder.Write("x_Msgs.xml", file.content);
+        ComPtr<IXMLDOMDocument> document;
+        ASSERT_TRUE(LoadXMLDocument(folder.Url("x_Msgs.xml"), document.Receive()));
+        ClearXMLDocumentCache();
+        ComPtr<IXMLDOMNodeList> selected;
+        ASSERT_EQ(S_OK, document->selectNodes(Bstr(L"Messages/MsgID").Get(), selected.Receive()));
+        long count = 0;
+        selected->get_length(&count);
+        EXPECT_EQ(file.found, count > 0) << "the selection";
+        EXPECT_EQ(file.found ? "Stift" : "none", Find(MessageTable::Read(document.Get()), "Pin"));
+    }
 }
 
 class ManyMessages : public testing::TestWithParam<std::vector<int>> {};

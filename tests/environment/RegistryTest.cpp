@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "framework/Handles.h"
+#include "tests/environment/RegistryFunctions.h"
 #include "tests/support/HandleCount.h"
 
 namespace nux {
@@ -49,8 +51,55 @@ protected:
                                 nullptr, nullptr, nullptr) == ERROR_SUCCESS;
     }
 
+    /// Whether a root was closed. One that is still open is closed here.
+    static bool WasClosed(HKEY root) {
+        const bool open = IsOpen(root);
+        if (open)
+            RegCloseKey(root);
+        return !open;
+    }
+
     CRegistry registry_{HKEY_CURRENT_USER};
 };
+
+/// RegQueryValueExA in the moment in which another process replaces the value that is being read.
+template <DWORD type, DWORD size>
+LSTATUS WINAPI QueryReplacedValue(HKEY opened, const char* name, DWORD* reserved, DWORD* foundType,
+                                  BYTE* data, DWORD* foundSize) {
+    if (data) {
+        UniqueKey other;
+        RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_WRITE, other.Receive());
+        RegSetValueExA(other.Get(), name, 0, type, reinterpret_cast<const BYTE*>("0123456789"), size);
+    }
+    static const auto original = Original<decltype(RegQueryValueExA)>("RegQueryValueExA");
+    return original(opened, name, reserved, foundType, data, foundSize);
+}
+
+LSTATUS WINAPI RefuseToSet(HKEY, const char*, DWORD, DWORD, const BYTE*, DWORD) {
+    return ERROR_ACCESS_DENIED;
+}
+
+/// RegConnectRegistryA as it answers for another machine: with a key that is not predefined.
+LSTATUS WINAPI ConnectToSoftware(const char*, HKEY root, HKEY* connected) {
+    return RegOpenKeyExA(root, "Software", 0, KEY_ALL_ACCESS, connected);
+}
+
+/// The access that was asked for, call by call.
+std::vector<REGSAM> askedAccess;
+
+LSTATUS WINAPI NoteOpen(HKEY root, const char* path, DWORD options, REGSAM access, HKEY* opened) {
+    static const auto original = Original<decltype(RegOpenKeyExA)>("RegOpenKeyExA");
+    askedAccess.push_back(access);
+    return original(root, path, options, access, opened);
+}
+
+LSTATUS WINAPI NoteCreate(HKEY root, const char* path, DWORD reserved, char* type, DWORD options,
+                          REGSAM access, SECURITY_ATTRIBUTES* security, HKEY* opened, DWORD* disposition) {
+    static const auto original = Original<decltype(RegCreateKeyExA)>("RegCreateKeyExA");
+    EXPECT_EQ(0u, options);
+    askedAccess.push_back(access);
+    return original(root, path, reserved, type, options, access, security, opened, disposition);
+}
 
 TEST_F(RegistryAccess, ReadsBackWhatItWrote) {
     EXPECT_TRUE(registry_.SetStringValue(key, "text",
@@ -231,6 +280,73 @@ TEST_F(RegistryAccess, ClosesARootThatIsNotPredefinedWithEachReadAndWriteThatSuc
     EXPECT_FALSE(IsOpen(root));
 }
 
+TEST_F(RegistryAccess, TakesTypeAndSizeOfAValueThatWasReplacedWhileItIsRead) {
+    registry_.SetStringValue(key, "value", "a long text");
+    RegistryValue value;
+    {
+        const ReplacedFunction replaced("RegQueryValueExA", QueryReplacedValue<REG_BINARY, 3>);
+        EXPECT_TRUE(registry_.QueryValue(key, "value", &value));
+    }
+    EXPECT_EQ(DWORD{REG_BINARY}, value.Type());
+    EXPECT_EQ(3u, value.Size());
+    char bytes[3] = {};
+    EXPECT_TRUE(value.AsBinary(bytes, 3));
+    EXPECT_EQ("012", std::string(bytes, 3));
+}
+
+TEST_F(RegistryAccess, EmptiesTheValueAndClosesBothKeysWhenTheValueHasGrownWhileItIsRead) {
+    registry_.SetBinaryValue(key, "value", "a", 1);
+    RegistryValue value("before"s);
+    const unsigned handles = HandleCount();
+    const HKEY root = OpenRoot();
+    {
+        const ReplacedFunction replaced("RegQueryValueExA", QueryReplacedValue<REG_BINARY, 10>);
+        EXPECT_FALSE(CRegistry(root).QueryValue("Registry", "value", &value));
+    }
+    EXPECT_EQ(nullptr, value.Data());
+    EXPECT_EQ(0u, value.Size());
+    const char* text = nullptr;
+    EXPECT_FALSE(value.AsString(&text));
+    EXPECT_TRUE(WasClosed(root));
+    EXPECT_EQ(handles, HandleCount());
+}
+
+TEST_F(RegistryAccess, ClosesTheRootAlsoWhenAValueCannotBeWrittenOrIsNotThereToBeDeleted) {
+    registry_.SetStringValue(key, "text", "x");
+    HKEY root = OpenRoot();
+    {
+        const ReplacedFunction replaced("RegSetValueExA", RefuseToSet);
+        EXPECT_FALSE(CRegistry(root).SetStringValue("Registry", "text", "y"));
+    }
+    EXPECT_TRUE(WasClosed(root));
+    root = OpenRoot();
+    EXPECT_FALSE(CRegistry(root).Delete("Registry", "missing"));
+    EXPECT_TRUE(WasClosed(root));
+}
+
+TEST_F(RegistryAccess, LeavesTheRootOpenWhenItDeletesAKey) {
+    registry_.SetStringValue(key + "\\tree", "text", "x");
+    const HKEY root = OpenRoot();
+    EXPECT_TRUE(CRegistry(root).Delete("Registry\\tree", nullptr));
+    EXPECT_FALSE(WasClosed(root));
+}
+
+TEST_F(RegistryAccess, AsksForNoMoreAccessThanItNeeds) {
+    RegistryValue value;
+    const ReplacedFunction open("RegOpenKeyExA", NoteOpen);
+    const ReplacedFunction create("RegCreateKeyExA", NoteCreate);
+    const auto access = [](bool succeeded) {
+        EXPECT_TRUE(succeeded);
+        return std::exchange(askedAccess, {});
+    };
+    using Access = std::vector<REGSAM>;
+    EXPECT_EQ(Access{0x20006}, access(registry_.SetStringValue(key, "text", "x")));
+    EXPECT_EQ(Access{0x20019}, access(registry_.QueryValue(key, "text", &value)));
+    EXPECT_EQ(Access{0x20019}, access(registry_.QueryCounts(key, nullptr, nullptr)));
+    EXPECT_EQ(Access{0x20019}, access(registry_.Enumerate(key.c_str(), 0)));
+    EXPECT_EQ(Access{0x2001F}, access(registry_.Delete(key, "text")));
+}
+
 TEST_F(RegistryAccess, LeavesTheRootOpenWhenTheKeyOrTheValueIsMissing) {
     const HKEY root = OpenRoot();
     RegistryValue value;
@@ -254,12 +370,27 @@ TEST_F(RegistryAccess, CanBeUsedAgainAndAgainOnAPredefinedRoot) {
     }
 }
 
-TEST_F(RegistryAccess, ConnectsToThisMachineForOneReadOrWrite) {
+TEST_F(RegistryAccess, ConnectsToThisMachine) {
     registry_.SetStringValue(key, "text", "x");
     CRegistry connected(HKEY_LOCAL_MACHINE);
     ASSERT_TRUE(connected.Connect(nullptr, HKEY_CURRENT_USER));
     RegistryValue value;
     EXPECT_TRUE(connected.QueryValue(key, "text", &value));
+}
+
+TEST_F(RegistryAccess, ServesForOneReadOrWriteOnceItIsConnectedToAnotherMachine) {
+    registry_.SetStringValue(key, "text", "x");
+    const ReplacedFunction replaced("RegConnectRegistryA", ConnectToSoftware);
+    const std::string path = "nuxStdPartsAXTests\\Registry";
+    CRegistry connected(HKEY_LOCAL_MACHINE);
+    ASSERT_TRUE(connected.Connect("machine", HKEY_CURRENT_USER));
+    RegistryValue value;
+    EXPECT_TRUE(connected.QueryValue(path, "text", &value));
+    EXPECT_FALSE(connected.QueryValue(path, "text", &value));
+    ASSERT_TRUE(connected.Connect("machine", HKEY_CURRENT_USER));
+    EXPECT_TRUE(connected.SetStringValue(path, "text", "y"));
+    EXPECT_FALSE(connected.SetStringValue(path, "text", "z"));
+    EXPECT_EQ("y", ReadString(key, "text"));
 }
 
 TEST_F(RegistryAccess, StaysOnItsRootWhenItCannotConnect) {

@@ -5,6 +5,7 @@
 
 #include "environment/Registry.h"
 #include "framework/Handles.h"
+#include "tests/environment/RegistryFunctions.h"
 
 namespace nux {
 namespace {
@@ -103,6 +104,30 @@ TEST_F(RegistryWalk, IsStoppedByTheBaseClassAtItsFirstVisit) {
     EXPECT_FALSE(plain.Enumerate(top.c_str(), CRegistry::visitValues));
     EXPECT_FALSE(plain.Enumerate(top.c_str(), CRegistry::visitKeys));
     EXPECT_TRUE(plain.Enumerate(top.c_str(), 0));
+}
+
+LSTATUS WINAPI EnumValueButTheFirst(HKEY key, DWORD index, char* name, DWORD* nameLength, DWORD* reserved,
+                                    DWORD* type, BYTE* data, DWORD* size) {
+    static const auto original = Original<decltype(RegEnumValueA)>("RegEnumValueA");
+    return index == 0 ? ERROR_ACCESS_DENIED
+                      : original(key, index, name, nameLength, reserved, type, data, size);
+}
+
+LSTATUS WINAPI EnumKeyButTheFirst(HKEY key, DWORD index, char* name, DWORD size) {
+    static const auto original = Original<decltype(RegEnumKeyA)>("RegEnumKeyA");
+    return index == 0 ? ERROR_ACCESS_DENIED : original(key, index, name, size);
+}
+
+TEST_F(RegistryWalk, SkipsAValueThatCannotBeRead) {
+    const ReplacedFunction replaced("RegEnumValueA", EnumValueButTheFirst);
+    EXPECT_TRUE(walker_.Enumerate(top.c_str(), both));
+    EXPECT_EQ((Notes{"0 :second=5", "0 [a]", "1 [deep]", "0 [b]"}), walker_.notes);
+}
+
+TEST_F(RegistryWalk, SkipsASubkeyThatCannotBeRead) {
+    const ReplacedFunction replaced("RegEnumKeyA", EnumKeyButTheFirst);
+    EXPECT_TRUE(walker_.Enumerate(top.c_str(), both));
+    EXPECT_EQ((Notes{"0 :first=1", "0 :second=5", "0 [b]", "1 \\b:=default"}), walker_.notes);
 }
 
 TEST_F(RegistryWalk, FailsForAKeyThatIsMissing) {

@@ -3,7 +3,9 @@
 #include <string>
 
 #include "environment/XMLAccess.h"
+#include "framework/Automation.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -45,6 +47,14 @@ TEST_F(DocumentCache, DoesNotTouchTheDiskAgainEvenIfTheFileHasGone) {
     EXPECT_EQ("one", RootText(Load(folder_.Url("a.xml"))));
     folder_.Remove("a.xml");
     EXPECT_EQ(first.Get(), Load(folder_.Url("a.xml")).Get());
+}
+
+TEST_F(DocumentCache, TakesItsUrlsInTheCodePageOfTheThread) {
+    const std::string plain = folder_.Write("a.xml", "<a>found</a>");
+    const ThreadLocale locale(russian);
+    ASSERT_TRUE(CopyFileW(Widen(plain).c_str(), Widen(folder_.Path() + "\xC6.xml").c_str(), TRUE));
+    EXPECT_EQ("found", RootText(Load(folder_.Url("\xC6.xml"))));
+    EXPECT_TRUE(DeleteFileW(Widen(folder_.Path() + "\xC6.xml").c_str())) << "its name is beyond the system's";
 }
 
 TEST_F(DocumentCache, DoesNotRememberAFailure) {

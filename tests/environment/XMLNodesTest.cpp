@@ -5,6 +5,7 @@
 #include "environment/XMLAccess.h"
 #include "framework/Automation.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -72,8 +73,7 @@ TEST_F(NodeTexts, AreEmptyForAValueOfAnotherType) {
 }
 
 TEST_F(NodeTexts, KeepEachUmlautAsOneByteOfTheWesternCodePage) {
-    if (GetACP() != 1252)
-        GTEST_SKIP() << "needs the western code page";
+    ASSERT_EQ(1252u, GetACP()) << "needs the western code page";
     const auto root = Root("<a b='&#252;&#223;'>Gr&#246;&#223;e&#8364;</a>");
     EXPECT_EQ(
         "Gr\xF6\xDF"
@@ -83,10 +83,19 @@ TEST_F(NodeTexts, KeepEachUmlautAsOneByteOfTheWesternCodePage) {
 }
 
 TEST_F(NodeTexts, HaveTheDefaultCharacterWhereTheCodePageLacksOne) {
-    if (GetACP() != 1252)
-        GTEST_SKIP() << "needs the western code page";
+    ASSERT_EQ(1252u, GetACP()) << "needs the western code page";
     EXPECT_EQ("a?b", GetNodeText(Root("<a>a&#x8868;b</a>").Get()));
     EXPECT_EQ("a??b", GetNodeText(Root("<a>a&#x1F600;b</a>").Get()));
+}
+
+TEST_F(NodeTexts, AndNamesAreInTheCodePageOfTheThread) {
+    const ThreadLocale locale(russian);
+    // The name is written in UTF-8, the encoding of a file that tells none.
+    const auto root = Root("<a b='&#x416;' \xD0\x96='x'>&#x416;<c b='&#x416;'>y</c></a>");
+    EXPECT_EQ("\xC6y", GetNodeText(root.Get()));
+    EXPECT_EQ("\xC6", GetNodeAttribute(root.Get(), "b"));
+    EXPECT_EQ("x", GetNodeAttribute(root.Get(), "\xC6"));
+    EXPECT_EQ("y", GetChildNodeText(root.Get(), "c[@b='\xC6']"));
 }
 
 TEST_F(NodeTexts, AreTakenWholeHoweverLong) {

@@ -74,6 +74,19 @@ function testDocuments() {
     equal(null, parts.GetStdDimensionNode("BOLTS", "M8"), "a document without a root has no root");
 }
 
+function testChoiceOfDimensions() {
+    var root = parts.GetUsrDimensionNode("BOLTS", "M8");
+    var rows = root.selectNodes("D");
+    function refused(what, names, defaults, standard, users) {
+        raises(E_INVALIDARG, what,
+               function() { parts.ChooseDimensions("BOLTS", "M8", names, defaults, standard, users); });
+    }
+    refused("a node as names", root, null, rows, rows);
+    refused("a list as the values that are selected first", rows, rows, rows, rows);
+    refused("a node as standard rows", rows, root, root, rows);
+    refused("another object as user's rows", rows, root, rows, files);
+}
+
 function testLanguage() {
     usePaths();
     equal("", parts.GetInterfaceLanguage(), "no language is installed");
@@ -109,6 +122,7 @@ function testLog() {
 
 testFiles();
 testDocuments();
+testChoiceOfDimensions();
 testLanguage();
 testLog();
 finish();

@@ -1,4 +1,5 @@
-' Every operation of the automation object, called from VBScript.
+' Every operation of the automation object, called from VBScript. What needs objects of the host, or shows a
+' window, is called here as far as it fails without them.
 
 Dim parts, data, folder, files
 folder = WScript.Arguments(0) & "\"
@@ -9,9 +10,10 @@ TestValues
 TestDataManager
 TestDocuments
 TestArrays
+TestChoiceOfDimensions
 TestLanguageAndLog
 TestNotOffered
-Finish 90
+Finish 109
 
 Sub TestValues
     On Error Resume Next
@@ -47,6 +49,9 @@ Sub TestValues
     Equal True, parts.EditedComponent Is Nothing, "EditedComponent"
     Equal True, parts.LifterWizard Is Nothing, "LifterWizard without its class"
     Worked "objects that are absent"
+    Set parts.nux3D = files
+    Raised NotSupported, "nux3D by reference"
+    Equal True, parts.nux3D Is Nothing, "nux3D after that"
     parts.RunDieWizard 1
     Raised Unspecified, "RunDieWizard without a 3D side"
     parts.CreateDieBlock
@@ -88,13 +93,37 @@ Sub TestDataManager
     Equal 36, read(2), "CorePlateSizes"
     data.Units = 5
     Raised InvalidArgument, "Units = 5"
+    data.CatalogName = 5
+    Raised InvalidArgument, "CatalogName = 5"
     data.CorePlateSizes = "1,2"
     Raised InvalidArgument, "a text as sizes"
+    data.CavityPlateSizes = "1,2"
+    Raised InvalidArgument, "a text as sizes"
+
+    Dim text, sizes
+    text = "of a variable"
+    sizes = Array(1, 2, 4)
+    data.CatalogName = text
+    data.CavityPlateSizes = sizes
+    data.CorePlateSizes = sizes
+    text = "inch"
+    data.Units = text
+    parts.UserData = text
+    Worked "values of variables"
+    text = "changed"
+    sizes(2) = 5
+    Equal "of a variable", data.CatalogName, "CatalogName"
+    Equal "inch", data.Units, "Units"
+    Equal "inch", parts.UserData, "UserData"
+    read = data.CavityPlateSizes
+    Equal 4, read(2), "CavityPlateSizes"
+    read = data.CorePlateSizes
+    Equal 4, read(2), "CorePlateSizes"
     data.ClearData
     Worked "ClearData"
     read = data.CavityPlateSizes
     Raised Unspecified, "CavityPlateSizes after ClearData"
-    Equal "mm", data.Units, "Units after ClearData"
+    Equal "inch", data.Units, "Units after ClearData"
 End Sub
 
 Sub TestArrays
@@ -114,6 +143,23 @@ Sub TestArrays
     Raised InvalidArgument, "an object without length"
     result = parts.JSArray2SafeArray(Nothing)
     Raised InvalidArgument, "Nothing"
+End Sub
+
+Sub TestChoiceOfDimensions
+    ' What stands in a variable would reach the object as a reference to it, which counts as no rows.
+    On Error Resume Next
+    Dim root, chosen
+    Set root = parts.GetStdDimensionNode("BOLTS", "M8")
+    Set chosen = parts.ChooseDimensions("BOLTS", "M8", Nothing, Empty, Empty, Empty)
+    Raised InvalidArgument, "no names"
+    Set chosen = parts.ChooseDimensions("BOLTS", "M8", root, Empty, Empty, Empty)
+    Raised InvalidArgument, "a node as names"
+    Set chosen = parts.ChooseDimensions("BOLTS", "M8", root.selectNodes("D"), root.childNodes, Empty, Empty)
+    Raised InvalidArgument, "a list as the values that are selected first"
+    Set chosen = parts.ChooseDimensions("BOLTS", "M8", root.selectNodes("D"), Empty, root.firstChild, Empty)
+    Raised InvalidArgument, "a node as standard rows"
+    Set chosen = parts.ChooseDimensions("BOLTS", "M8", root.selectNodes("D"), Empty, Empty, root.firstChild)
+    Raised InvalidArgument, "a node as user's rows"
 End Sub
 
 Sub Write(name, text)
@@ -173,6 +219,11 @@ Sub TestLanguageAndLog
     Equal CLng(0), parts.DebugSessionStatus, "the session is over"
     Worked "log"
     Equal CLng(22), CLng(files.GetFile(folder & "log").Size), "a stamp and the text"
+    parts.DebugSessionStatus = 7
+    Equal CLng(1), parts.DebugSessionStatus, "any number but 0 is 1"
+    parts.DebugSessionStatusAndLogFile = ""
+    Equal CLng(0), parts.DebugSessionStatus, "an empty name ends the session"
+    Worked "the status alone"
 End Sub
 
 Sub TestNotOffered
@@ -208,6 +259,8 @@ Sub TestNotOffered
     Raised NotImplemented, "MessageBox"
     parts.AttachBrowser Nothing
     Raised NotImplemented, "AttachBrowser"
+    Set parts.StatusBar = files
+    Raised NotSupported, "StatusBar by reference"
     parts.UnLoadStatusBar
     Raised NotImplemented, "UnLoadStatusBar"
     result = parts.TRNVExportDlg(1)
