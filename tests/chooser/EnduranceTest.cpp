@@ -92,10 +92,10 @@ protected:
         EXPECT_LT(after.gdi - before.gdi, times / 2);
         EXPECT_LT(after.contexts - before.contexts, std::max(times / 2, 200));
         EXPECT_LT(after.blocks - before.blocks, times / 2);
+        EXPECT_LT(static_cast<int>(after.handles - before.handles), times / 2);
         EXPECT_LE(after.windows, before.windows);
         EXPECT_LE(after.menus, before.menus);
         EXPECT_LE(after.icons, before.icons);
-        EXPECT_LE(after.handles, before.handles);
         EXPECT_EQ(after.objects, before.objects);
         std::printf(
             "GDI %d %+d, contexts %d %+d, windows %d, menus %d, icons %d, handles %u, objects %ld, blocks "
