@@ -64,8 +64,9 @@ target_link_libraries(chooser_messages_tests PRIVATE chooser_support component_r
 add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
 target_link_libraries(chooser_endurance_tests PRIVATE chooser_support component_resources psapi)
 
-# The test runner does not run the endurance tests yet: under Wine the numbers of device contexts and regions rise by a
-# few pairs at once, at no certain opening, and stay there; whether that is Wine's cache of contexts is not proven.
+add_test(NAME chooser_endurance_tests COMMAND chooser_endurance_tests)
+set_tests_properties(chooser_endurance_tests PROPERTIES TIMEOUT 600 RUN_SERIAL TRUE)
+
 # A decimal point, a decimal comma, double-byte texts. They use the pointer and the desktop's focus.
 foreach(locale en_US de_DE ja_JP)
     foreach(program chooser_tests chooser_messages_tests)
