@@ -54,6 +54,9 @@ public:
 
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* argumentError) override {
+        // VBScript's `Set` asks for a put by reference alone. A property here takes an object either way.
+        if (flags & DISPATCH_PROPERTYPUTREF)
+            flags |= DISPATCH_PROPERTYPUT;
         return Guarded([&] {
             return TypeInfoOf(*iid)->Invoke(static_cast<Interface*>(this), id, flags, parameters, result,
                                             exception, argumentError);

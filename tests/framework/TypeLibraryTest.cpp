@@ -73,14 +73,18 @@ TEST_F(DispatchTest, SetsAndReadsAProperty) {
     value.lVal = 42;
     DISPID named = DISPID_PROPERTYPUT;
     DISPPARAMS put{&value, &named, 1, 1};
-    ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYPUT, &put,
-                                    nullptr, nullptr, nullptr));
-    DISPPARAMS none{};
-    Variant result;
-    ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYGET, &none,
-                                    &result, nullptr, nullptr));
-    EXPECT_EQ(VT_I4, result.vt);
-    EXPECT_EQ(42, result.lVal);
+    for (const int flags :
+         {DISPATCH_PROPERTYPUT, DISPATCH_PROPERTYPUTREF, DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF}) {
+        ++value.lVal;
+        ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, static_cast<WORD>(flags),
+                                        &put, nullptr, nullptr, nullptr));
+        DISPPARAMS none{};
+        Variant result;
+        ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                        &result, nullptr, nullptr));
+        EXPECT_EQ(VT_I4, result.vt);
+        EXPECT_EQ(value.lVal, result.lVal);
+    }
 }
 
 TEST_F(DispatchTest, GivesTheLastOutArgumentAsResult) {

@@ -7,7 +7,6 @@ failures = 0
 
 ' VBScript tells these failures by numbers of its own; any other keeps its code.
 Const NotImplemented = 445
-Const NotSupported = 438
 Const InvalidArgument = 5
 Const Unspecified = -2147467259
 

@@ -13,7 +13,7 @@ TestArrays
 TestChoiceOfDimensions
 TestLanguageAndLog
 TestNotOffered
-Finish 109
+Finish 110
 
 Sub TestValues
     On Error Resume Next
@@ -50,7 +50,9 @@ Sub TestValues
     Equal True, parts.LifterWizard Is Nothing, "LifterWizard without its class"
     Worked "objects that are absent"
     Set parts.nux3D = files
-    Raised NotSupported, "nux3D by reference"
+    Worked "nux3D"
+    Equal True, parts.nux3D Is files, "nux3D"
+    Set parts.nux3D = Nothing
     Equal True, parts.nux3D Is Nothing, "nux3D after that"
     parts.RunDieWizard 1
     Raised Unspecified, "RunDieWizard without a 3D side"
@@ -258,7 +260,7 @@ Sub TestNotOffered
     parts.AttachBrowser Nothing
     Raised NotImplemented, "AttachBrowser"
     Set parts.StatusBar = files
-    Raised NotSupported, "StatusBar by reference"
+    Raised NotImplemented, "StatusBar"
     parts.UnLoadStatusBar
     Raised NotImplemented, "UnLoadStatusBar"
     result = parts.TRNVExportDlg(1)
