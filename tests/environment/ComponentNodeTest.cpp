@@ -147,6 +147,32 @@ TEST_F(ComponentNode, IsNullWhenTheCatalogueCannotBeLoaded) {
     EXPECT_EQ("none", NameOf("a"));
 }
 
+TEST_F(ComponentNode, IsNullInADocumentWithoutARoot) {
+    ComPtr<IXMLDOMDocument> empty;
+    ASSERT_EQ(S_OK, CoCreateInstance(CLSID_DOMDocument30, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
+                                     empty.ReceiveVoid()));
+    KeepXMLDocument(folder_.Url("Pins\\Catalog.xml"), empty.Get());
+    EXPECT_EQ("none", NameOf("a"));
+}
+
+TEST_F(ComponentNode, LeavesNoReferenceBehind) {
+    WriteCatalog(Part("a", "x"));
+    ComPtr<IXMLDOMDocument> document;
+    ASSERT_TRUE(LoadXMLDocument(folder_.Url("Pins\\Catalog.xml"), document.Receive()));
+    const auto references = [&] {
+        document->AddRef();
+        return document->Release();
+    };
+    EXPECT_EQ("x", NameOf("a"));
+    const ULONG before = references();
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_EQ("x", NameOf("a"));
+        EXPECT_EQ("none", NameOf("b"));
+        EXPECT_EQ("", GetNodeAttribute(FindComponentNode("Pins", "a").Get(), "none"));
+    }
+    EXPECT_EQ(before, references());
+}
+
 TEST_F(ComponentNode, ComesFromTheCachedDocumentOfTheCatalogue) {
     WriteCatalog(Part("a", "x"));
     ComPtr<IXMLDOMDocument> cached;
