@@ -36,31 +36,39 @@ protected:
         }
     };
 
+    /// Opens the outer chooser, from within its message loop the inner one, and lets the user do `deeds`.
+    void OpenOneInTheOther(
+        const std::function<void(const Chooser& first, const Chooser& second, driver::User&)>& deeds) {
+        const TestedThreadWindow host;
+        const std::function<void()> openInner = [&] { inner.Choose(innerTable); };
+        driver::WithUser([&] { outer.Choose(outerTable); },
+                         [&](driver::User& user) {
+                             const Chooser first(user);
+                             host.Do(openInner);
+                             driver::WaitFor("a disabled outer chooser",
+                                             [&] { return !IsWindowEnabled(first.Window()); });
+                             const Chooser second(user);
+                             deeds(first, second, user);
+                         });
+    }
+
     const SizeTable outerTable{{"A"}, {{"1"}, {"2"}}};
     const SizeTable innerTable{{"A"}, {{"10"}, {"20"}, {"30"}}};
+    Run outer, inner;
 };
 
 TEST_F(Nesting, AChooserOpensFromWithinAChooser) {
-    Run outer, inner;
-    const TestedThreadWindow host;
-    const std::function<void()> openInner = [&] { inner.Choose(innerTable); };
-    driver::WithUser([&] { outer.Choose(outerTable); },
-                     [&](driver::User& user) {
-                         const Chooser first(user);
-                         host.Do(openInner);
-                         driver::WaitFor("a disabled outer chooser",
-                                         [&] { return !IsWindowEnabled(first.Window()); });
-                         const Chooser second(user);
-                         ASSERT_NE(second.Window(), first.Window());
-                         EXPECT_EQ(GetWindow(second.Window(), GW_OWNER), first.Window());
-                         second.Menu(1, MenuItem::SortDescending);
-                         EXPECT_EQ(second.Rows(), (Texts{"30", "20", "10"}));
-                         EXPECT_EQ(first.Rows(), (Texts{"1", "2"}));
-                         second.Take(1);
-                         user.Settle();
-                         EXPECT_TRUE(IsWindowEnabled(first.Window()));
-                         first.Take(1);
-                     });
+    OpenOneInTheOther([](const Chooser& first, const Chooser& second, driver::User& user) {
+        ASSERT_NE(second.Window(), first.Window());
+        EXPECT_EQ(GetWindow(second.Window(), GW_OWNER), first.Window());
+        second.Menu(1, MenuItem::SortDescending);
+        EXPECT_EQ(second.Rows(), (Texts{"30", "20", "10"}));
+        EXPECT_EQ(first.Rows(), (Texts{"1", "2"}));
+        second.Take(1);
+        user.Settle();
+        EXPECT_TRUE(IsWindowEnabled(first.Window()));
+        first.Take(1);
+    });
     EXPECT_EQ(inner.answer, S_OK);
     EXPECT_EQ(inner.Value("A"), "20");
     EXPECT_EQ(outer.answer, S_OK);
@@ -68,26 +76,17 @@ TEST_F(Nesting, AChooserOpensFromWithinAChooser) {
 }
 
 TEST_F(Nesting, AFilterOfTheInnerOneLeavesTheOuterAlone) {
-    Run outer, inner;
-    const TestedThreadWindow host;
-    const std::function<void()> openInner = [&] { inner.Choose(innerTable); };
-    driver::WithUser([&] { outer.Choose(outerTable); },
-                     [&](driver::User& user) {
-                         const Chooser first(user);
-                         host.Do(openInner);
-                         driver::WaitFor("a disabled outer chooser",
-                                         [&] { return !IsWindowEnabled(first.Window()); });
-                         const Chooser second(user);
-                         const FilterDialog dialog = second.DefineFilter(1);
-                         dialog.Check(IDC_FILTER_EQUAL);
-                         dialog.SetLower("20");
-                         dialog.Ok();
-                         EXPECT_EQ(second.Rows(), (Texts{"20"}));
-                         second.Cancel();
-                         user.Settle();
-                         EXPECT_EQ(first.Rows(), (Texts{"1", "2"}));
-                         first.Cancel();
-                     });
+    OpenOneInTheOther([](const Chooser& first, const Chooser& second, driver::User& user) {
+        const FilterDialog dialog = second.DefineFilter(1);
+        dialog.Check(IDC_FILTER_EQUAL);
+        dialog.SetLower("20");
+        dialog.Ok();
+        EXPECT_EQ(second.Rows(), (Texts{"20"}));
+        second.Cancel();
+        user.Settle();
+        EXPECT_EQ(first.Rows(), (Texts{"1", "2"}));
+        first.Cancel();
+    });
     // Both write under one key; the outer one closes last.
     EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
 }
@@ -96,12 +95,11 @@ class HostGone : public Nesting {
 protected:
     /// Opens the chooser on a host window, lets the user do `deeds`, and destroys the host's window.
     void DestroyHost(const std::function<void(Chooser&)>& deeds) {
-        Run run;
         TestedThreadWindow host;
         host.Show();
         SetActiveWindow(host.Handle());
         const std::function<void()> destroy = [&] { DestroyWindow(host.Handle()); };
-        driver::WithUser([&] { run.Choose(outerTable); },
+        driver::WithUser([&] { outer.Choose(outerTable); },
                          [&](driver::User& user) {
                              Chooser chooser(user);
                              ASSERT_EQ(GetWindow(chooser.Window(), GW_OWNER), host.Handle());
@@ -109,9 +107,9 @@ protected:
                              host.Do(destroy);
                              driver::WaitUntilGone(chooser.Window());
                          });
-        EXPECT_TRUE(run.returned);
-        EXPECT_EQ(run.answer, S_OK);
-        EXPECT_FALSE(run.chosen);
+        EXPECT_TRUE(outer.returned);
+        EXPECT_EQ(outer.answer, S_OK);
+        EXPECT_FALSE(outer.chosen);
         const driver::Application here = driver::Application::OfThread(GetCurrentThreadId());
         EXPECT_TRUE(here.Windows().empty());
     }
@@ -142,22 +140,14 @@ TEST_F(HostGone, EndsTheQuickFilterToo) {
 }
 
 TEST_F(HostGone, EndsChoosersInChoosers) {
-    Run outer, inner;
-    TestedThreadWindow host, opener;
+    TestedThreadWindow host;
     host.Show();
     SetActiveWindow(host.Handle());
-    const std::function<void()> openInner = [&] { inner.Choose(innerTable); };
     const std::function<void()> destroy = [&] { DestroyWindow(host.Handle()); };
-    driver::WithUser([&] { outer.Choose(outerTable); },
-                     [&](driver::User& user) {
-                         const Chooser first(user);
-                         opener.Do(openInner);
-                         driver::WaitFor("a disabled outer chooser",
-                                         [&] { return !IsWindowEnabled(first.Window()); });
-                         const Chooser second(user);
-                         opener.Do(destroy);
-                         driver::WaitUntilGone(first.Window());
-                     });
+    OpenOneInTheOther([&](const Chooser& first, const Chooser&, driver::User&) {
+        host.Do(destroy);
+        driver::WaitUntilGone(first.Window());
+    });
     EXPECT_TRUE(inner.returned);
     EXPECT_TRUE(outer.returned);
     EXPECT_FALSE(inner.chosen);

@@ -135,19 +135,10 @@ TEST_F(Table, ReadsAListFromItsStartWhereverItsReaderHasLeftIt) {
     names->nextNode(passed.Receive());
     rows->nextNode(passed.Receive());
     rows->nextNode(passed.Receive());
-    Variant none, standard;
-    standard.vt = VT_DISPATCH;
-    rows.CopyTo(&standard.pdispVal);
-    ComPtr<IDispatch> chosen;
-    driver::WithUser(
-        [&] {
-            Object().ChooseDimensions(nullptr, nullptr, names.Get(), none, standard, none, chosen.Receive());
-        },
-        [](driver::User& user) {
-            const Chooser chooser(user);
-            EXPECT_EQ(chooser.Rows(), (Texts{"1|2", "3|4"}));
-            chooser.Cancel();
-        });
+    ChooseFrom(names.Get(), rows.As<IDispatch>(IID_IDispatch), [](Chooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|2", "3|4"}));
+        chooser.Cancel();
+    });
 }
 
 TEST_F(Table, AWordTurnsItsColumnIntoTextAndLeavesTheCellsAboveIt) {
@@ -294,21 +285,12 @@ TEST_F(Table, ANameThatNoAttributeCanHaveShowsNoRows) {
     ChooserCall call = Call({{"A"}, {{"1"}}});
     const auto names = SelectNodes(RootOf(ParseXml("<n><A/><!--comment--></n>")), L"node()");
     const auto rows = SelectNodes(RootOf(ParseXml(*call.standard)), L"*");
-    Variant none, standard;
-    standard.vt = VT_DISPATCH;
-    rows.CopyTo(&standard.pdispVal);
-    ComPtr<IDispatch> chosen;
-    driver::WithUser(
-        [&] {
-            Object().ChooseDimensions(nullptr, nullptr, names.Get(), none, standard, none, chosen.Receive());
-        },
-        [](driver::User& user) {
-            const Chooser chooser(user);
-            EXPECT_EQ(chooser.List().ColumnCount(), 3);
-            EXPECT_EQ(chooser.List().Caption(2), "#comment");
-            EXPECT_EQ(chooser.List().RowCount(), 0);
-            chooser.Cancel();
-        });
+    ChooseFrom(names.Get(), rows.As<IDispatch>(IID_IDispatch), [](Chooser& chooser) {
+        EXPECT_EQ(chooser.List().ColumnCount(), 3);
+        EXPECT_EQ(chooser.List().Caption(2), "#comment");
+        EXPECT_EQ(chooser.List().RowCount(), 0);
+        chooser.Cancel();
+    });
 }
 
 TEST_F(Table, ShowsUmlautsInNamesCaptionsAndValues) {
