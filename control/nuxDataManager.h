@@ -13,6 +13,8 @@ namespace nux {
 /// one, is no value of the type wanted; a page there puts an expression (`CStr(name)`).
 class nuxDataManager : public Dispatch<InuxDataManager, &IID_InuxDataManager> {
 public:
+    // What a getter gives replaces the caller's initialised VARIANT; a failure leaves it alone.
+
     /// Get: E_INVALIDARG for a null pointer, E_FAIL unless an array was put.
     /// Put: E_INVALIDARG unless the value is an array of VARIANT.
     STDMETHODIMP get_CavityPlateSizes(VARIANT* pVal) override;

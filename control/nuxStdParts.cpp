@@ -87,8 +87,7 @@ STDMETHODIMP nuxStdParts::get_nux3D(IDispatch** pVal) {
 }
 
 STDMETHODIMP nuxStdParts::put_nux3D(IDispatch* newVal) {
-    // Folders of catalogues are asked of the pointer that SetTRNVPaths has handed on; it must not outlive
-    // this.
+    // Folders of catalogues are asked of the pointer that SetTRNVPaths has handed on. Nobody else holds it.
     if (newVal != m_3D.Get())
         WithdrawHost3D(this);
     m_3D = ComPtr<IDispatch>(newVal);

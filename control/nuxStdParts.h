@@ -49,8 +49,8 @@ public:
     // Installation paths and documents: InstallationServices.cpp
 
     /// Takes the four paths as they stand, each with its closing separator, and starts the environment.
-    /// `nux3D` must be set before. @return E_FAIL if the environment did not start; the paths are set then
-    /// too
+    /// `nux3D` must be set before.
+    /// @return E_FAIL if the environment did not start; the paths are set then too
     STDMETHODIMP SetTRNVPaths(BSTR CatalogPath, BSTR DataPath, BSTR GUIPath, BSTR CustomDimsPath) override;
     /// The document of a catalogue's "Catalog.xml", shared with all who ask for it. E_FAIL if there is none.
     STDMETHODIMP GetComponentsDocument(BSTR CatalogID, IDispatch** Document) override;
@@ -82,7 +82,8 @@ public:
     STDMETHODIMP get_LastRVCCmdResult(BSTR* pVal) override;
     STDMETHODIMP put_LastRVCCmdResult(BSTR newVal) override;
     STDMETHODIMP get_GlobalData(VARIANT* pVal) override;
-    /// A value that can't be copied leaves VT_ERROR with the failure, which is also returned.
+    /// Keeps a copy, of a reference to a variable a copy of its value. A value that can't be copied leaves
+    /// VT_ERROR with the failure, which is also returned.
     STDMETHODIMP put_GlobalData(VARIANT newVal) override;
     /// A script's array as VT_ARRAY | VT_VARIANT from index 0. E_INVALIDARG for null or an object without a
     /// whole number as length, E_FAIL if an element is missing.

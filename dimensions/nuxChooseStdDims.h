@@ -24,13 +24,11 @@ namespace nux {
 class nuxChooseStdDims : private Dialog {
 public:
     /// @param catalogId    catalogue whose messages translate the texts; with componentId the name of the
-    /// registry
-    ///                     key, neither may be empty
+    ///                     registry key, neither may be empty
     /// @param names        one node for each dimension: its name is that of the attribute in the rows, its
-    /// text the
-    ///                     caption
+    ///                     text the caption
     /// @param defaults     child elements of the dimensions' names hold the texts of the row to select; may
-    /// be null
+    ///                     be null
     /// @param stdRows      rows of the standard source, may be null
     /// @param usrRows      rows of the user's source, may be null
     nuxChooseStdDims(const std::string& catalogId, const std::string& componentId, IXMLDOMNodeList* names,

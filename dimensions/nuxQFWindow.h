@@ -49,9 +49,9 @@ public:
 
     /// Shows the window and returns when the button is let go.
     /// @param parent  owner window
-    /// @return the row under the pointer, not bounded by the number of strings; -1 for none: beside the list,
-    /// and
-    ///         when the gesture ends in another way (the parent or the mouse is taken away, the host quits)
+    /// @return the row under the pointer, not bounded by the number of strings; -1 for none: beside the
+    ///         list, and when the gesture ends in another way (the parent or the mouse is taken away, the
+    ///         host quits)
     /// Throws what failed inside, std::bad_alloc above all.
     int RunQuickFilter(HWND parent);
 

@@ -40,7 +40,8 @@ int WriteLogEntry(bool fatal, int, int, int, std::string text, ...) {
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!file)
             std::exit(-1);
-        SetFilePointer(file.Get(), 0, nullptr, FILE_END);
+        LONG high = 0;  // without it the end of a log beyond 4 GB is not found
+        SetFilePointer(file.Get(), 0, &high, FILE_END);
         DWORD written = 0;
         WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
     }

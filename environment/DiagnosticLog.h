@@ -15,6 +15,8 @@ namespace nux {
 /// and end the process instead of being shown.
 bool IsLoggingEnabled() noexcept;
 
+// All but the two that are noexcept throw std::bad_alloc.
+
 /// Sets the log file of the process. An empty path turns the log off. Nothing is opened yet.
 void SetLogFile(const std::string& path);
 void ClearLogFile() noexcept;

@@ -56,8 +56,7 @@ const std::optional<MessageTable>& TableOf(const std::string& catalogId) {
                                     [&](const auto& entry) { return entry.catalogId == catalogId; });
     if (known != entries.end())
         return known->table;
-    // The entry comes before its table: the host, asked for the catalogue's folder, may ask for a message
-    // itself.
+    // The entry comes before its table: the host, asked for the catalogue's folder, may ask for a message.
     const auto added = entries.insert(entries.end(), {catalogId, std::nullopt});
     try {
         if (std::optional<MessageTable> table = LoadMessageTable(catalogId))

@@ -6,12 +6,12 @@ namespace nux {
 
 /// Starts what depends on the installation paths: product version, interface language and its resource
 /// module, decimal separator, log file. Called each time the paths are set.
-/// @return false if the decimal separator could not be read, which leaves it as it was; all the rest is done
-///         then too
+/// @return false if the decimal separator could not be read: it stays as it was, and all the rest is done
 /// Throws std::bad_alloc.
 bool InitEnvironment();
 
 /// Folder of the languages, with its closing separator: "locale" beside the folder of the wizard pages.
+/// Throws std::bad_alloc, as does the next.
 std::string GetLocaleFolder();
 
 /// Folder name of the language of the user's account if it is installed, or its short form, or empty.

@@ -11,8 +11,8 @@
 namespace nux {
 
 // The component's one layer over the XML DOM. Texts are narrow, in the thread's ANSI code page. Nothing here
-// reports a failure: the caller gets an empty or false result and words it. Running out of memory throws
-// std::bad_alloc.
+// reports a failure: the caller gets an empty or false result and words it. Without memory std::bad_alloc is
+// thrown.
 
 /// Gives the document of a URL, loaded at the first call and kept for the process. All callers of one URL,
 /// scripts included, share one document; it is not read again when its file changes.

@@ -70,7 +70,7 @@ inline std::string Narrow(BSTR text, UINT codePage = CP_THREAD_ACP) {
 std::wstring Widen(std::string_view text, UINT codePage = CP_THREAD_ACP);
 
 /// Replaces the caller's string: widened from the system's ANSI code page, the old one freed.
-/// @param target  null or an initialised BSTR variable of the caller, who owns the result.
+/// @param target  variable of the caller, who owns the result; holds null or a string
 /// Throws std::bad_alloc and then leaves the old string.
 void ReplaceString(BSTR* target, std::string_view text);
 

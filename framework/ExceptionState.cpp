@@ -1,4 +1,4 @@
-// What exceptions need of the run-time library, for the module alone, in the place of the library's own.
+// What exceptions need of the run-time library, for the 64-bit module, in the place of the library's own.
 //
 // The library takes memory when a thread throws for the first time, and again when there is none for the
 // exception itself and it locks what it has set aside for that. Without any it ends the process, just when

@@ -76,6 +76,31 @@ TEST_F(DiagnosticLog, AppendsAnEntryWithNothingBehindIt) {
     EXPECT_EQ("old new", Content());
 }
 
+TEST_F(DiagnosticLog, AppendsToALogBeyondFourGigabytes) {
+    folder_.Write("log", "start");
+    constexpr LONGLONG end = 0x1'0000'0000 + 10;
+    const auto open = [&] {
+        return UniqueFile(CreateFileA(path_.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    };
+    {
+        const UniqueFile log = open();
+        LARGE_INTEGER position{};
+        position.QuadPart = end;
+        ASSERT_TRUE(SetFilePointerEx(log.Get(), position, nullptr, FILE_BEGIN));
+        ASSERT_TRUE(SetEndOfFile(log.Get())) << "takes no room on the disk";
+    }
+    EXPECT_EQ(0, WriteLogEntry(false, 0, 0, 0, "new"));
+    const UniqueFile log = open();
+    LARGE_INTEGER size{};
+    EXPECT_TRUE(GetFileSizeEx(log.Get(), &size));
+    EXPECT_EQ(end + 3, size.QuadPart);
+    char start[5];
+    DWORD read = 0;
+    EXPECT_TRUE(ReadFile(log.Get(), start, sizeof start, &read, nullptr));
+    EXPECT_EQ("start", std::string(start, read));
+}
+
 TEST_F(DiagnosticLog, WritesItsTextByteByByte) {
     WriteLogEntry(false, 0, 0, 0, "%s %d \r\n\xFC\0z"s, 1, "not read");
     EXPECT_EQ("%s %d \r\n\xFC\0z"s, Content());
