@@ -6,10 +6,9 @@
 
 #include "bench/Sizes.h"
 #include "bench/TestFiles.h"
-#include "dimensions/SizeList.h"
+#include "framework/Dialog.h"
 #include "framework/Icons.h"
 #include "framework/RedrawPause.h"
-#include "framework/Window.h"
 #include "resources/resource.h"
 
 namespace nux::bench {
@@ -26,7 +25,9 @@ private:
                 PrepareList(Item(IDC_SIZES));
                 MakeColumns(Item(IDC_SIZES));
                 Fill();
-                SizeList::SelectRow(Item(IDC_SIZES), 0);
+                ListView_SetItemState(Item(IDC_SIZES), 0, LVIS_SELECTED | LVIS_FOCUSED,
+                                      LVIS_SELECTED | LVIS_FOCUSED);
+                ListView_EnsureVisible(Item(IDC_SIZES), 0, FALSE);
                 return TRUE;
             case WM_COMMAND:
                 if (LOWORD(wParam) == IDC_ALL_FILTERS_OFF)

@@ -4,9 +4,9 @@
 
 #include "bench/TestFiles.h"
 #include "environment/XMLAccess.h"
-#include "framework/Automation.h"
 #include "framework/HResult.h"
 #include "framework/Module.h"
+#include "framework/Text.h"
 
 namespace nux::bench {
 namespace {

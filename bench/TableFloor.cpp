@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "bench/TestFiles.h"
-#include "framework/Automation.h"
+#include "framework/Variant.h"
 
 namespace nux::bench::floor {
 namespace {
@@ -34,8 +34,8 @@ private:
 
 void ReadCell(IXMLDOMElement* row, BSTR name, Cell& cell) {
     Variant value;
-    row->getAttribute(name, &value);
-    Copy(value, cell);
+    row->getAttribute(name, value.Receive());
+    Copy(value.Get(), cell);
 }
 
 void InsertRow(HWND list, int index, LPARAM data, Cell (&cells)[SizeFile::dimensions]) {
@@ -63,7 +63,7 @@ void Fill(HWND list, const Sizes& sizes, bool everySecond, RowReferences& refere
     ComPtr<IXMLDOMNode> row;
     int inserted = 0;
     for (int index = 0; sizes.rows->nextNode(row.Receive()) == S_OK; ++index) {
-        const ComPtr<IXMLDOMElement> element = row.As<IXMLDOMElement>(IID_IXMLDOMElement);
+        const ComPtr<IXMLDOMElement> element = row.As<IXMLDOMElement>();
         if (everySecond && index % 2 != 0) {
             ReadCell(element.Get(), names[0], cells[0]);
             ReadCell(element.Get(), names[1], cells[1]);
@@ -107,8 +107,8 @@ void ReadValues(const Sizes& sizes, int dimension) {
             child = std::move(next);
         }
         Variant value;
-        child->get_nodeTypedValue(&value);
-        Copy(value, cell);
+        child->get_nodeTypedValue(value.Receive());
+        Copy(value.Get(), cell);
     }
 }
 

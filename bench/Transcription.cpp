@@ -11,8 +11,9 @@
 
 #include "bench/TestFiles.h"
 #include "dimensions/nuxDimFilter.h"
+#include "environment/Environment.h"
 #include "environment/Localisation.h"
-#include "framework/Automation.h"
+#include "framework/Variant.h"
 
 namespace nux::bench::transcription {
 namespace {
@@ -21,10 +22,10 @@ constexpr char catalogue[] = "Bench";
 
 std::string ValueOf(IXMLDOMNode* node) {
     Variant value;
-    if (FAILED(node->get_nodeTypedValue(&value)) || !value.IsString())
+    if (FAILED(node->get_nodeTypedValue(value.Receive())) || !value.IsString())
         return {};
     char buffer[128];
-    std::snprintf(buffer, sizeof buffer, "%s", Narrow(value.bstrVal).c_str());
+    std::snprintf(buffer, sizeof buffer, "%s", Narrow(value.Text()).c_str());
     return buffer;
 }
 

@@ -11,9 +11,9 @@
 #include "bench/BareObject.h"
 #include "bench/Measurement.h"
 #include "driver/ScriptEngine.h"
-#include "framework/Automation.h"
 #include "framework/ComPtr.h"
 #include "framework/HResult.h"
+#include "framework/Text.h"
 #include "nuxStdPartsAX.h"
 
 using namespace nux;
@@ -56,18 +56,20 @@ double SecondsOfCall(IDispatch* object, const Call& call, bool byName) {
     std::vector<Variant> arguments(call.arguments.size());
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         Variant& argument = arguments[arguments.size() - 1 - i];
-        argument.bstrVal = Bstr(call.arguments[i]).Detach();
-        argument.vt = VT_BSTR;
+        argument.SetText(Bstr(call.arguments[i]));
     }
-    DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+    std::vector<VARIANT> raw;
+    for (const Variant& argument : arguments)
+        raw.push_back(argument.Get());
+    DISPPARAMS parameters{raw.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
     DISPID id = IdOf(object, call.name);
     const double seconds = SecondsOf([&] {
         for (int i = 0; i < times; ++i) {
             if (byName)
                 id = IdOf(object, call.name);
             Variant result;
-            ThrowIfFailed(object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, call.flags, &parameters, &result,
-                                         nullptr, nullptr));
+            ThrowIfFailed(object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, call.flags, &parameters,
+                                         result.Receive(), nullptr, nullptr));
         }
     });
     return seconds / times;
@@ -114,7 +116,7 @@ ComPtr<IDispatch> MakeComponent() {
     ThrowIfFailed(CoCreateInstance(CLSID_nuxStdParts, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,
                                    parts.ReceiveVoid()));
     ThrowIfFailed(parts->put_UserData(Bstr(userDataText).Get()));
-    return parts.As<IDispatch>(IID_IDispatch);
+    return parts.As<IDispatch>();
 }
 
 }  // namespace

@@ -28,8 +28,10 @@
 #include "dimensions/DimNumber.h"
 #include "dimensions/DimensionSettings.h"
 #include "dimensions/DimensionTable.h"
+#include "dimensions/SizeList.h"
 #include "dimensions/nuxChooseStdDims.h"
 #include "dimensions/nuxLVSort.h"
+#include "environment/Environment.h"
 #include "environment/InstallationPaths.h"
 #include "environment/Localisation.h"
 #include "framework/HResult.h"
@@ -179,7 +181,8 @@ public:
             if (side != Ours)
                 MakeColumns(List(side));
         }
-        ourTable_.InitColumns(List(Ours));
+        ourList_.Attach(List(Ours));
+        ourTable_.InitColumns(ourList_);
         if (rowCount >= severeRows)
             filling_ = {"1.3", "3"};
     }
@@ -290,7 +293,7 @@ private:
                 transcription::Sort(List(side), column, numeric);
                 break;
             default:
-                nuxLVSort(List(side), ourTable_.Rows(), column, numeric).Sort(true);
+                nuxLVSort(ourList_, ourTable_.Rows(), column, numeric).Sort(true);
         }
     }
 
@@ -299,6 +302,7 @@ private:
     std::string folder_;
     std::vector<int> keys_;
     Sizes sizes_;
+    SizeList ourList_{nullptr, [](int) {}};
     DimensionTable ourTable_;
     RowReferences references_[sideCount];
     ListWindow windows_[sideCount];

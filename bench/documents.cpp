@@ -18,11 +18,12 @@
 
 #include "bench/Measurement.h"
 #include "bench/TestFiles.h"
+#include "environment/Environment.h"
 #include "environment/InstallationPaths.h"
 #include "environment/Localisation.h"
 #include "environment/MessageTable.h"
 #include "environment/XMLAccess.h"
-#include "framework/Automation.h"
+#include "framework/Text.h"
 
 using namespace nux;
 using namespace nux::bench;
@@ -41,11 +42,9 @@ ComPtr<IXMLDOMDocument> LoadBare(const std::string& url) {
                                        IID_IXMLDOMDocument, document.ReceiveVoid())),
             "no DOM");
     document->put_async(VARIANT_FALSE);
-    Variant source;
-    source.bstrVal = Bstr(url, CP_THREAD_ACP).Detach();
-    source.vt = VT_BSTR;
+    const Variant source(url);
     VARIANT_BOOL succeeded = VARIANT_FALSE;
-    Require(document->load(source, &succeeded) == S_OK, "bare load failed");
+    Require(document->load(source.Get(), &succeeded) == S_OK, "bare load failed");
     return document;
 }
 

@@ -19,9 +19,8 @@ struct SinkItem {
     }
 };
 
-using PointEnumeration =
-    Enumeration<IEnumConnectionPoints, &IID_IEnumConnectionPoints, PointItem, IConnectionPoint*>;
-using SinkEnumeration = Enumeration<IEnumConnections, &IID_IEnumConnections, SinkItem, CONNECTDATA>;
+using PointEnumeration = Enumeration<IEnumConnectionPoints, PointItem, IConnectionPoint*>;
+using SinkEnumeration = Enumeration<IEnumConnections, SinkItem, CONNECTDATA>;
 
 }  // namespace
 

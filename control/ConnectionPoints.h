@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "framework/ComPtr.h"
+#include "framework/Implements.h"
 
 namespace nux {
 
@@ -45,7 +46,7 @@ private:
 };
 
 /// IConnectionPointContainer over a fixed set of outgoing interfaces.
-class ConnectionPoints : public IConnectionPointContainer {
+class ConnectionPoints : public Implements<IConnectionPointContainer> {
 public:
     explicit ConnectionPoints(std::initializer_list<IID> outgoing);
 

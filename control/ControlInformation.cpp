@@ -1,4 +1,4 @@
-#include "control/OleControl.h"
+#include "control/ControlInformation.h"
 #include "framework/TypeLibrary.h"
 
 namespace nux {
@@ -7,18 +7,6 @@ namespace {
 constexpr DWORD supportedSafety = INTERFACESAFE_FOR_UNTRUSTED_CALLER | INTERFACESAFE_FOR_UNTRUSTED_DATA;
 
 }  // namespace
-
-void* ControlInformation::FindInformation(REFIID iid) noexcept {
-    if (iid == IID_ISpecifyPropertyPages)
-        return static_cast<ISpecifyPropertyPages*>(this);
-    if (iid == IID_ISupportErrorInfo)
-        return static_cast<ISupportErrorInfo*>(this);
-    if (iid == IID_IProvideClassInfo2 || iid == IID_IProvideClassInfo)
-        return static_cast<IProvideClassInfo2*>(this);
-    if (iid == IID_IObjectSafety)
-        return static_cast<IObjectSafety*>(this);
-    return nullptr;
-}
 
 STDMETHODIMP ControlInformation::GetPages(CAUUID* pages) {
     if (!pages)

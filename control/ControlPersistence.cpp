@@ -1,4 +1,6 @@
-#include "control/OleControl.h"
+#include "control/ControlPersistence.h"
+
+#include "framework/ComPtr.h"
 
 namespace nux {
 namespace {
@@ -15,14 +17,6 @@ constexpr wchar_t streamName[] = L"Contents";
 constexpr DWORD wholeStream = STGM_SHARE_EXCLUSIVE;
 
 }  // namespace
-
-void* ControlPersistence::FindPersistence(REFIID iid) noexcept {
-    if (iid == IID_IPersistStreamInit || iid == IID_IPersist)
-        return static_cast<IPersistStreamInit*>(this);
-    if (iid == IID_IPersistStorage)
-        return static_cast<IPersistStorage*>(this);
-    return nullptr;
-}
 
 STDMETHODIMP ControlPersistence::GetClassID(CLSID* classId) {
     if (!classId)

@@ -1,23 +1,6 @@
-#include "control/OleControl.h"
+#include "control/ControlView.h"
 
 namespace nux {
-namespace {
-
-bool Inside(LPCRECT bounds, POINT point) noexcept {
-    return point.x >= bounds->left && point.x < bounds->right && point.y >= bounds->top &&
-           point.y < bounds->bottom;
-}
-
-}  // namespace
-
-void* ControlView::FindView(REFIID iid) noexcept {
-    if (iid == IID_IViewObjectEx || iid == IID_IViewObject2 || iid == IID_IViewObject)
-        return static_cast<IViewObjectEx*>(this);
-    if (iid == IID_IDataObject)
-        return static_cast<IDataObject*>(this);
-    return nullptr;
-}
-
 void ControlView::NotifyViewChanged() noexcept {
     if (dataSinks_)
         dataSinks_->SendOnDataChange(this, 0, 0);
@@ -90,7 +73,7 @@ STDMETHODIMP ControlView::QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT poin
         return E_POINTER;
     if (aspect != DVASPECT_CONTENT)
         return DV_E_DVASPECT;
-    *result = Inside(bounds, point) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
+    *result = PtInRect(bounds, point) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
     return S_OK;
 }
 

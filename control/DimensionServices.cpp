@@ -1,5 +1,6 @@
 #include "control/nuxStdParts.h"
 #include "dimensions/nuxChooseStdDims.h"
+#include "environment/XMLAccess.h"
 
 namespace nux {
 namespace {
@@ -7,9 +8,9 @@ namespace {
 /// Takes an interface from a script's value. A value that holds no object stands for none.
 /// @return false if it holds an object without this interface
 template <class Interface>
-bool TakeObject(const VARIANT& value, REFIID iid, ComPtr<Interface>& object) noexcept {
+bool TakeObject(const VARIANT& value, ComPtr<Interface>& object) noexcept {
     IDispatch* given = value.vt == VT_DISPATCH ? value.pdispVal : nullptr;
-    object = Query<Interface>(given, iid);
+    object = Query<Interface>(given);
     return !given || object;
 }
 
@@ -26,14 +27,14 @@ STDMETHODIMP nuxStdParts::ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDi
                                            VARIANT UsrDimensionVar, IDispatch** ChosenDimensions) {
     if (!NamesDisp)
         return E_INVALIDARG;
-    const ComPtr<IXMLDOMNodeList> names = Query<IXMLDOMNodeList>(NamesDisp, IID_IXMLDOMNodeList);
+    const ComPtr<IXMLDOMNodeList> names = Query<IXMLDOMNodeList>(NamesDisp);
     ComPtr<IXMLDOMNode> defaults;
     ComPtr<IXMLDOMNodeList> stdRows;
     ComPtr<IXMLDOMNodeList> usrRows;
-    if (!names || !TakeObject(DefaultValuesVar, IID_IXMLDOMNode, defaults) ||
-        !TakeObject(StdDimensionVar, IID_IXMLDOMNodeList, stdRows) ||
-        !TakeObject(UsrDimensionVar, IID_IXMLDOMNodeList, usrRows))
+    if (!names || !TakeObject(DefaultValuesVar, defaults) || !TakeObject(StdDimensionVar, stdRows) ||
+        !TakeObject(UsrDimensionVar, usrRows))
         return E_INVALIDARG;
+    const ComPtr<InuxStdParts> self(this);  // a script may let go of the object while the dialog is open
     return Guarded([&] {
         nuxChooseStdDims dialog(NameOrDefault(CatalogID), NameOrDefault(ComponentID), names.Get(),
                                 defaults.Get(), stdRows.Get(), usrRows.Get());

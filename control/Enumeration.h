@@ -9,13 +9,14 @@
 
 #include "framework/ComObject.h"
 #include "framework/HResult.h"
+#include "framework/Implements.h"
 
 namespace nux {
 
-/// A COM enumerator (`Interface`, `iid`) over a copy of a list. `Item` is what the list holds;
+/// A COM enumerator (`Interface`) over a copy of a list. `Item` is what the list holds;
 /// `Item::CopyTo(Element*)` hands one out with the references or memory that its receiver then owns.
-template <class Interface, const IID* iid, class Item, class Element>
-class Enumeration : public Interface {
+template <class Interface, class Item, class Element>
+class Enumeration : public Implements<Interface> {
 public:
     using Items = std::vector<Item>;
 
@@ -52,11 +53,6 @@ public:
             *copy = MakeObject<Enumeration>(items_, position_).Detach();
             return S_OK;
         });
-    }
-
-protected:
-    void* FindInterface(REFIID wanted) noexcept {
-        return wanted == *iid || wanted == IID_IUnknown ? static_cast<Interface*>(this) : nullptr;
     }
 
 private:

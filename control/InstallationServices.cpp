@@ -1,4 +1,6 @@
 #include "control/nuxStdParts.h"
+#include "environment/Environment.h"
+#include "environment/InstallationFiles.h"
 #include "environment/InstallationPaths.h"
 #include "environment/Localisation.h"
 #include "environment/XMLAccess.h"
@@ -24,7 +26,7 @@ HRESULT HandOutRoot(const std::string& url, IDispatch** out) {
     ComPtr<IXMLDOMElement> root;
     if (document->get_documentElement(root.Receive()) != S_OK)
         return S_OK;
-    const ComPtr<IXMLDOMNode> node = root.As<IXMLDOMNode>(IID_IXMLDOMNode);
+    const ComPtr<IXMLDOMNode> node = root.As<IXMLDOMNode>();
     if (!node)
         return E_FAIL;
     node.CopyTo(out);
@@ -49,9 +51,7 @@ STDMETHODIMP nuxStdParts::GetComponentsDocument(BSTR CatalogID, IDispatch** Docu
     if (!Document)
         return E_INVALIDARG;
     *Document = nullptr;
-    return Guarded([&] {
-        return HandOutDocument("file://" + m_CatalogPath + Narrow(CatalogID) + "\\Catalog.xml", Document);
-    });
+    return Guarded([&] { return HandOutDocument(CatalogURL(m_CatalogPath, Narrow(CatalogID)), Document); });
 }
 
 STDMETHODIMP nuxStdParts::GetXMLDocument(BSTR XMLFilePath, IDispatch** XMLDoc) {
@@ -66,9 +66,7 @@ STDMETHODIMP nuxStdParts::GetStdDimensionNode(BSTR CatalogID, BSTR ComponentID, 
         return E_INVALIDARG;
     *Node = nullptr;
     return Guarded([&] {
-        return HandOutRoot("file://" + m_CatalogPath + Narrow(CatalogID) + "\\StdDimensions\\" +
-                               Narrow(ComponentID) + ".xml",
-                           Node);
+        return HandOutRoot(StdDimensionsURL(m_CatalogPath, Narrow(CatalogID), Narrow(ComponentID)), Node);
     });
 }
 
@@ -77,8 +75,7 @@ STDMETHODIMP nuxStdParts::GetUsrDimensionNode(BSTR CatalogID, BSTR ComponentID, 
         return E_INVALIDARG;
     *Node = nullptr;
     return Guarded([&] {
-        const std::string url = "file://" + m_CustomDimsPath + "catalogs\\" + Narrow(CatalogID) +
-                                "\\UsrDimensions\\" + Narrow(ComponentID) + ".xml";
+        const std::string url = UsrDimensionsURL(m_CustomDimsPath, Narrow(CatalogID), Narrow(ComponentID));
         ForgetXMLDocument(url);  // a page may have rewritten the file since
         return HandOutRoot(url, Node);
     });

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "framework/Automation.h"
 #include "framework/HResult.h"
+#include "framework/Text.h"
 
 namespace nux {
 namespace {
@@ -41,24 +41,14 @@ void OleControl::ReleaseContainer() noexcept {
     ReleaseConnections();
 }
 
-void* OleControl::FindControlInterface(REFIID iid) noexcept {
-    if (iid == IID_IOleObject)
-        return static_cast<IOleObject*>(this);
-    if (iid == IID_IOleInPlaceObjectWindowless || iid == IID_IOleInPlaceObject || iid == IID_IOleWindow)
-        return static_cast<IOleInPlaceObjectWindowless*>(this);
-    if (iid == IID_IOleInPlaceActiveObject)
-        return static_cast<IOleInPlaceActiveObject*>(this);
-    if (iid == IID_IOleControl)
-        return static_cast<IOleControl*>(this);
-    if (iid == IID_IQuickActivate)
-        return static_cast<IQuickActivate*>(this);
-    if (iid == IID_IConnectionPointContainer)
-        return static_cast<IConnectionPointContainer*>(this);
-    if (void* found = FindPersistence(iid))
-        return found;
-    if (void* found = FindView(iid))
-        return found;
-    return FindInformation(iid);
+void* OleControl::FindInterface(REFIID iid) noexcept {
+    for (void* found : {EmbeddingInterfaces::FindInterface(iid), ConnectionPoints::FindInterface(iid),
+                        ControlPersistence::FindInterface(iid), ControlView::FindInterface(iid),
+                        ControlInformation::FindInterface(iid)}) {
+        if (found)
+            return found;
+    }
+    return nullptr;
 }
 
 STDMETHODIMP OleControl::SetClientSite(IOleClientSite* site) {
@@ -116,7 +106,7 @@ HRESULT OleControl::ActivateInPlace(bool withUserInterface) {
             return E_UNEXPECTED;
         ComPtr<IOleInPlaceSite> site = inPlaceSite_;
         if (!site) {
-            site = client.As<IOleInPlaceSite>(IID_IOleInPlaceSite);
+            site = client.As<IOleInPlaceSite>();
             if (!site || site->CanInPlaceActivate() != S_OK)
                 return E_FAIL;
             inPlaceSite_ = site;

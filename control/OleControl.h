@@ -2,133 +2,28 @@
 
 #include <windows.h>
 
-#include <objsafe.h>
-#include <ocidl.h>
 #include <olectl.h>
 
 #include "control/ConnectionPoints.h"
+#include "control/ControlInformation.h"
+#include "control/ControlPersistence.h"
+#include "control/ControlView.h"
 #include "framework/ComPtr.h"
 #include "framework/Window.h"
 
 namespace nux {
 
-/// What the parts of a control share.
-class ControlState {
-public:
-    /// Constants of a control's class.
-    struct Identity {
-        const CLSID& classId;
-        const IID& eventInterface;  ///< default source, a dispatch interface
-        const char* userTypeName;   ///< for people, a literal
-        DWORD miscStatus;           ///< OLEMISC_ flags, the same as registered
-    };
-
-protected:
-    virtual ~ControlState() = default;
-    virtual const Identity& GetIdentity() const noexcept = 0;
-
-    SIZEL extent_{5080, 5080};  ///< in 1/100 mm; two inches each way until a container sizes the control
-    bool dirty_ = false;        ///< the extent has changed since it was loaded or saved
-};
-
-/// Saving and loading: the only state is the extent.
-class ControlPersistence : public virtual ControlState, public IPersistStreamInit, public IPersistStorage {
-public:
-    STDMETHODIMP GetClassID(CLSID* classId) override;
-    STDMETHODIMP IsDirty() override { return dirty_ ? S_OK : S_FALSE; }
-
-    /// E_FAIL for a stream that holds no state of this control; the state then stays.
-    STDMETHODIMP Load(IStream* stream) override;
-    STDMETHODIMP Save(IStream* stream, BOOL clearDirty) override;
-    STDMETHODIMP GetSizeMax(ULARGE_INTEGER* size) override;
-    STDMETHODIMP InitNew() override;
-
-    STDMETHODIMP InitNew(IStorage* storage) override;
-    STDMETHODIMP Load(IStorage* storage) override;
-    STDMETHODIMP Save(IStorage* storage, BOOL sameAsLoad) override;
-    STDMETHODIMP SaveCompleted(IStorage* storage) override;
-    STDMETHODIMP HandsOffStorage() override { return S_OK; }
-
-protected:
-    void* FindPersistence(REFIID iid) noexcept;
-};
-
-/// Drawing and data: a control without a surface of its own draws nothing and offers no format.
-class ControlView : public virtual ControlState, public IViewObjectEx, public IDataObject {
-public:
-    STDMETHODIMP Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC target,
-                      HDC draw, LPCRECTL bounds, LPCRECTL windowBounds,
-                      BOOL(STDMETHODCALLTYPE* mayContinue)(ULONG_PTR), ULONG_PTR context) override;
-    STDMETHODIMP GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** colors) override;
-    STDMETHODIMP Freeze(DWORD, LONG, void*, DWORD*) override { return E_NOTIMPL; }
-    STDMETHODIMP Unfreeze(DWORD) override { return E_NOTIMPL; }
-    STDMETHODIMP SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) override;
-    STDMETHODIMP GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
-    STDMETHODIMP GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, SIZEL* size) override;
-    STDMETHODIMP GetRect(DWORD aspect, RECTL* bounds) override;
-    STDMETHODIMP GetViewStatus(DWORD* status) override;
-    STDMETHODIMP QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG close, DWORD* result) override;
-    STDMETHODIMP QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT hit, LONG close, DWORD* result) override;
-    STDMETHODIMP GetNaturalExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, HDC target,
-                                  DVEXTENTINFO* information, SIZEL* size) override;
-
-    STDMETHODIMP GetData(FORMATETC*, STGMEDIUM*) override { return DV_E_FORMATETC; }
-    STDMETHODIMP GetDataHere(FORMATETC*, STGMEDIUM*) override { return DV_E_FORMATETC; }
-    STDMETHODIMP QueryGetData(FORMATETC*) override { return DV_E_FORMATETC; }
-    STDMETHODIMP GetCanonicalFormatEtc(FORMATETC*, FORMATETC* canonical) override;
-    STDMETHODIMP SetData(FORMATETC*, STGMEDIUM*, BOOL) override { return E_NOTIMPL; }
-    STDMETHODIMP EnumFormatEtc(DWORD direction, IEnumFORMATETC** enumeration) override;
-    STDMETHODIMP DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* connection) override;
-    STDMETHODIMP DUnadvise(DWORD connection) override;
-    STDMETHODIMP EnumDAdvise(IEnumSTATDATA** enumeration) override;
-
-protected:
-    void* FindView(REFIID iid) noexcept;
-    /// Tells containers that watch the view that the extent has changed.
-    void NotifyViewChanged() noexcept;
-    void ReleaseViewSinks() noexcept;
-
-private:
-    ComPtr<IAdviseSink> viewSink_;
-    DWORD viewAspects_ = 0;
-    DWORD viewFlags_ = 0;
-    ComPtr<IDataAdviseHolder> dataSinks_;
-};
-
-/// What the control tells about itself.
-class ControlInformation : public virtual ControlState,
-                           public ISpecifyPropertyPages,
-                           public ISupportErrorInfo,
-                           public IProvideClassInfo2,
-                           public IObjectSafety {
-public:
-    /// There are no property pages: an empty list.
-    STDMETHODIMP GetPages(CAUUID* pages) override;
-    /// S_FALSE: failures are told by HRESULT alone.
-    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID) override { return S_FALSE; }
-    STDMETHODIMP GetClassInfo(ITypeInfo** typeInfo) override;
-    STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
-    STDMETHODIMP GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) override;
-    STDMETHODIMP SetInterfaceSafetyOptions(REFIID iid, DWORD mask, DWORD enabled) override;
-
-protected:
-    void* FindInformation(REFIID iid) noexcept;
-
-private:
-    DWORD safety_ = 0;
-};
+using EmbeddingInterfaces =
+    Implements<IOleObject, AlsoAs<IOleInPlaceObjectWindowless, IOleInPlaceObject, IOleWindow>,
+               IOleInPlaceActiveObject, IOleControl, IQuickActivate>;
 
 /// An in-place activated control with a window of its own. A class derives from this and from its own
-/// automation interface, and answers FindInterface with FindControlInterface as the last resort.
+/// automation interface, and answers FindInterface with this one as the last resort.
 class OleControl : public ControlPersistence,
                    public ControlView,
                    public ControlInformation,
                    public ConnectionPoints,
-                   public IOleObject,
-                   public IOleInPlaceObjectWindowless,
-                   public IOleInPlaceActiveObject,
-                   public IOleControl,
-                   public IQuickActivate,
+                   public EmbeddingInterfaces,
                    public Window {
 public:
     /// Style of the control's window.
@@ -191,7 +86,7 @@ protected:
     /// @param identity     constants of the class; live as long as the module
     OleControl(const WindowClass& windowClass, const Identity& identity);
 
-    void* FindControlInterface(REFIID iid) noexcept;
+    void* FindInterface(REFIID iid) noexcept;
     /// Ends the activation and lets go of the site and all sinks. For OnLastRelease: each may call in.
     void ReleaseContainer() noexcept;
     const Identity& GetIdentity() const noexcept override { return identity_; }

@@ -1,8 +1,9 @@
 #include <cwchar>
-#include <limits>
+#include <vector>
 
 #include "control/nuxStdParts.h"
 #include "environment/DiagnosticLog.h"
+#include "environment/InstallationFiles.h"
 #include "framework/DispatchClient.h"
 #include "framework/Handles.h"
 
@@ -25,39 +26,25 @@ HRESULT PutText(std::string& text, BSTR newVal) noexcept {
     });
 }
 
-struct ArrayTraits {
-    using Type = SAFEARRAY*;
-    static Type Empty() noexcept { return nullptr; }
-    static void Close(Type array) noexcept { SafeArrayDestroy(array); }
-};
-using UniqueArray = UniqueHandle<ArrayTraits>;
-
-/// Copies a value. A script may hand over a reference to its variable; what is kept must not point there.
-HRESULT CopyValue(VARIANT& target, VARIANT& source) noexcept {
-    const HRESULT copied = VariantCopyInd(&target, &source);
-    return copied == E_INVALIDARG ? DISP_E_BADVARTYPE : copied;
+/// An element of a script's array, which is found by its index as name.
+HRESULT ReadElement(IDispatch* array, long index, Variant* element) noexcept {
+    wchar_t name[12];
+    std::swprintf(name, sizeof name / sizeof *name, L"%ld", index);
+    return GetDispatchProperty(array, name, element);
 }
 
-/// Not every platform refuses an array that is longer than its memory can be: some make it too short.
-constexpr long longestArray = std::numeric_limits<long>::max() / long{sizeof(VARIANT)};
-
-/// Copies the elements of a script's array, found by their index as name. Fails at the first that is missing.
-HRESULT CopyElements(IDispatch* source, SAFEARRAY* target, long count) noexcept {
-    VARIANT* elements = nullptr;
-    const HRESULT locked = SafeArrayAccessData(target, reinterpret_cast<void**>(&elements));
-    if (FAILED(locked))
-        return locked;
-    HRESULT result = S_OK;
-    for (long index = 0; index < count && SUCCEEDED(result); ++index) {
-        wchar_t name[12];
-        std::swprintf(name, sizeof name / sizeof *name, L"%ld", index);
-        Variant element;
-        result = GetDispatchProperty(source, name, &element);
-        if (SUCCEEDED(result))
-            result = VariantCopy(&elements[index], &element);
-    }
-    SafeArrayUnaccessData(target);
-    return result;
+/// The elements as an array of VARIANT from index 0, empty without memory. They are moved: `elements` is left
+/// empty.
+UniqueSafeArray MakeArray(std::vector<Variant>& elements) noexcept {
+    SAFEARRAYBOUND bound{static_cast<ULONG>(elements.size()), 0};
+    UniqueSafeArray array(SafeArrayCreate(VT_VARIANT, 1, &bound));
+    VARIANT* targets = nullptr;
+    if (!array || FAILED(SafeArrayAccessData(array.Get(), reinterpret_cast<void**>(&targets))))
+        return {};
+    for (Variant& element : elements)
+        *targets++ = element.Detach();
+    SafeArrayUnaccessData(array.Get());
+    return array;
 }
 
 }  // namespace
@@ -79,7 +66,7 @@ STDMETHODIMP nuxStdParts::get_DebugSessionStatus(long* pVal) {
 STDMETHODIMP nuxStdParts::put_DebugSessionStatus(long newVal) {
     return Guarded([&] {
         if (newVal != 0 && !IsLoggingEnabled())
-            SetLogFile(m_GUIPath + "../../../../brask_log");
+            SetLogFile(DefaultLogPath(m_GUIPath));
         m_DebugSessionStatus = newVal != 0 ? 1 : 0;
         return S_OK;
     });
@@ -130,17 +117,15 @@ STDMETHODIMP nuxStdParts::put_LastRVCCmdResult(BSTR newVal) {
 STDMETHODIMP nuxStdParts::get_GlobalData(VARIANT* pVal) {
     if (!pVal)
         return E_INVALIDARG;
-    return VariantCopy(pVal, &m_GlobalData);
+    return m_GlobalData.CopyTo(pVal);
 }
 
 STDMETHODIMP nuxStdParts::put_GlobalData(VARIANT newVal) {
-    Variant value;
-    const HRESULT copied = CopyValue(value, newVal);
-    if (FAILED(copied)) {
-        value.vt = VT_ERROR;
-        value.scode = copied;
-    }
-    m_GlobalData.Swap(value);  // the old value goes last: its release may call back
+    HRESULT copied = m_GlobalData.SetCopy(newVal);
+    if (copied == E_INVALIDARG)
+        copied = DISP_E_BADVARTYPE;
+    if (FAILED(copied))
+        m_GlobalData.SetError(copied);
     return copied;
 }
 
@@ -148,27 +133,32 @@ STDMETHODIMP nuxStdParts::JSArray2SafeArray(IDispatch* JSArray, VARIANT* SafeArr
     if (!JSArray || !SafeArray)
         return E_INVALIDARG;
     VariantClear(SafeArray);
-    Variant length;
-    if (FAILED(GetDispatchProperty(JSArray, L"length", &length)) || length.vt != VT_I4)
-        return E_INVALIDARG;
-    if (length.lVal < 0 || length.lVal > longestArray)
-        return E_FAIL;
-    SAFEARRAYBOUND bound{static_cast<ULONG>(length.lVal), 0};
-    UniqueArray array(SafeArrayCreate(VT_VARIANT, 1, &bound));
-    if (!array || FAILED(CopyElements(JSArray, array.Get(), length.lVal)))
-        return E_FAIL;
-    SafeArray->vt = VT_ARRAY | VT_VARIANT;
-    SafeArray->parray = array.Detach();
-    return S_OK;
+    return Guarded([&]() -> HRESULT {
+        Variant length;
+        if (FAILED(GetDispatchProperty(JSArray, L"length", &length)) || length.Type() != VT_I4)
+            return E_INVALIDARG;
+        // The length is the script's word: memory is taken as elements are found.
+        std::vector<Variant> elements;
+        for (long index = 0; index < length.Number(); ++index) {
+            if (FAILED(ReadElement(JSArray, index, &elements.emplace_back())))
+                return E_FAIL;
+        }
+        UniqueSafeArray array = length.Number() < 0 ? UniqueSafeArray() : MakeArray(elements);
+        if (!array)
+            return E_FAIL;
+        SafeArray->vt = VT_ARRAY | VT_VARIANT;
+        SafeArray->parray = array.Detach();
+        return S_OK;
+    });
 }
 
 STDMETHODIMP nuxStdParts::RunDieWizard(long Mode) {
-    const ComPtr<Inux3D> host = m_3D.As<Inux3D>(IID_Inux3D);
+    const ComPtr<Inux3D> host = m_3D.As<Inux3D>();
     return host ? host->RunDieWizard(Mode) : E_FAIL;
 }
 
 STDMETHODIMP nuxStdParts::CreateDieBlock() {
-    const ComPtr<Inux3D> host = m_3D.As<Inux3D>(IID_Inux3D);
+    const ComPtr<Inux3D> host = m_3D.As<Inux3D>();
     return host ? host->CreateDieBlock() : E_FAIL;
 }
 
@@ -176,7 +166,7 @@ STDMETHODIMP nuxStdParts::RunSlideWizard() {
     if (!m_3D)
         return E_FAIL;
     // A foreign 3D side and a wizard that fails are both successes here: pages do not handle them.
-    if (const ComPtr<Inux3D> host = m_3D.As<Inux3D>(IID_Inux3D))
+    if (const ComPtr<Inux3D> host = m_3D.As<Inux3D>())
         host->RunSlideWizard();
     return S_OK;
 }
@@ -185,13 +175,12 @@ STDMETHODIMP nuxStdParts::get_LifterWizard(IDispatch** pVal) {
     if (!pVal)
         return E_INVALIDARG;
     *pVal = nullptr;
+    const ComPtr<InuxStdParts> self(this);  // making it may call back
     if (!m_LifterWizard) {
         ComPtr<IDispatch> wizard;
-        if (FAILED(CoCreateInstance(CLSID_nuxLifterWizard, nullptr,
-                                    CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER, IID_IDispatch,
-                                    wizard.ReceiveVoid())))
+        if (FAILED(CreateObject(CLSID_nuxLifterWizard, wizard, CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER)))
             return S_FALSE;
-        if (!m_LifterWizard)  // making it may have called back
+        if (!m_LifterWizard)
             m_LifterWizard = std::move(wizard);
     }
     m_LifterWizard.CopyTo(pVal);

@@ -5,22 +5,14 @@ namespace {
 
 constexpr VARTYPE variantArray = VT_ARRAY | VT_VARIANT;
 
-HRESULT GetSizes(VARIANT& sizes, VARIANT* pVal) noexcept {
+HRESULT GetSizes(const Variant& sizes, VARIANT* pVal) noexcept {
     if (!pVal)
         return E_INVALIDARG;
-    if (sizes.vt != variantArray)
-        return E_FAIL;
-    return VariantCopy(pVal, &sizes);
+    return sizes.Type() == variantArray ? sizes.CopyTo(pVal) : E_FAIL;
 }
 
-HRESULT PutSizes(Variant& sizes, VARIANT& newVal) noexcept {
-    if (newVal.vt != variantArray)
-        return E_INVALIDARG;
-    Variant copy;
-    const HRESULT copied = VariantCopy(&copy, &newVal);
-    if (SUCCEEDED(copied))
-        sizes.Swap(copy);  // the old value goes last: the release of its elements may call back
-    return copied;
+HRESULT PutSizes(Variant& sizes, const VARIANT& newVal) noexcept {
+    return newVal.vt == variantArray ? sizes.SetCopy(newVal) : E_INVALIDARG;
 }
 
 HRESULT GetText(const std::string& text, VARIANT* pVal) noexcept {
@@ -29,10 +21,9 @@ HRESULT GetText(const std::string& text, VARIANT* pVal) noexcept {
     if (text.empty())
         return E_FAIL;
     return Guarded([&] {
-        BSTR copy = Bstr(text, CP_ACP).Detach();
+        Variant value(text, CP_ACP);
         VariantClear(pVal);
-        pVal->vt = VT_BSTR;
-        pVal->bstrVal = copy;
+        *pVal = value.Detach();
         return S_OK;
     });
 }

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "framework/Automation.h"
-#include "framework/TypeLibrary.h"
+#include "framework/Dispatch.h"
+#include "framework/Variant.h"
 #include "nuxStdPartsAX.h"
 
 namespace nux {
@@ -11,7 +11,7 @@ namespace nux {
 /// Values that pages hand to one another while the host runs: sizes of the cavity and core plates, name of
 /// the catalogue, units. A value's type is taken as it comes: a reference to a variable, as VBScript passes
 /// one, is no value of the type wanted; a page there puts an expression (`CStr(name)`).
-class nuxDataManager : public Dispatch<InuxDataManager, &IID_InuxDataManager> {
+class nuxDataManager : public Dispatch<InuxDataManager> {
 public:
     // What a getter gives replaces the caller's initialised VARIANT; a failure leaves it alone.
 
@@ -31,9 +31,6 @@ public:
     STDMETHODIMP put_CatalogName(VARIANT newVal) override;
     STDMETHODIMP get_Units(VARIANT* pVal) override;
     STDMETHODIMP put_Units(VARIANT newVal) override;
-
-protected:
-    void* FindInterface(REFIID iid) noexcept { return FindDispatchInterface(iid); }
 
 private:
     Variant m_CavityPlateSizes;

@@ -33,7 +33,7 @@ HRESULT HandOut(const ComPtr<Interface>& object, IDispatch** pVal) noexcept {
 }  // namespace
 
 nuxStdParts::nuxStdParts()
-    : OleControl(ControlWindowClass(), identity), m_DataManager(MakeObject<nuxDataManager>().Get()) {}
+    : OleControl(ControlWindowClass(), identity), m_DataManager(MakeObject<nuxDataManager>()) {}
 
 void nuxStdParts::OnLastRelease() noexcept {
     ReleaseContainer();
@@ -46,19 +46,20 @@ void nuxStdParts::OnLastRelease() noexcept {
     m_ExternalDispatch.Reset();
     ClearLogFile();
     ClearXMLDocumentCache();
-    Variant last;
-    m_GlobalData.Swap(last);
-    VariantClear(&last);
+    {
+        Variant last;
+        m_GlobalData.Swap(last);
+    }
     WithdrawHost3D(this);  // what has been released since may have called in and set it again
     m_3D.Reset();
 }
 
 void* nuxStdParts::FindInterface(REFIID iid) noexcept {
-    if (void* found = FindDispatchInterface(iid))
+    if (void* found = Dispatch::FindInterface(iid))
         return found;
-    if (iid == DIID_DWebBrowserEvents2)
+    if (iid == IdOf<DWebBrowserEvents2>())
         return &browserEvents_;
-    return FindControlInterface(iid);
+    return OleControl::FindInterface(iid);
 }
 
 STDMETHODIMP nuxStdParts::SetExternalDispatch(IDispatch* pDisp) {
@@ -68,17 +69,17 @@ STDMETHODIMP nuxStdParts::SetExternalDispatch(IDispatch* pDisp) {
         return E_INVALIDARG;
     m_Initialised = 1;
     const ComPtr<IDispatch> side = m_3D;  // the host may replace it while it is asked
-    if (!side.As<Inux3DReady>(IID_Inux3DReady))
+    if (!side.As<Inux3DReady>())
         return E_FAIL;
-    const ComPtr<Inux3D> host = side.As<Inux3D>(IID_Inux3D);
+    const ComPtr<Inux3D> host = side.As<Inux3D>();
     if (!host)
         return E_FAIL;
     host->AttachHost(pDisp);
 
     m_HostHWND = nullptr;
     Variant window;
-    if (SUCCEEDED(GetDispatchProperty(pDisp, L"MainWindowHWND", &window)) && window.vt == VT_I4)
-        m_HostHWND = static_cast<HWND>(LongToHandle(window.lVal));
+    if (SUCCEEDED(GetDispatchProperty(pDisp, L"MainWindowHWND", &window)) && window.Type() == VT_I4)
+        m_HostHWND = static_cast<HWND>(LongToHandle(window.Number()));
     return S_OK;
 }
 

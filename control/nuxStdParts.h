@@ -6,9 +6,9 @@
 #include "control/BrowserEventSink.h"
 #include "control/OleControl.h"
 #include "control/nuxDataManager.h"
-#include "framework/Automation.h"
 #include "framework/ComObject.h"
-#include "framework/TypeLibrary.h"
+#include "framework/Dispatch.h"
+#include "framework/Variant.h"
 #include "nuxStdPartsAX.h"
 
 namespace nux {
@@ -20,7 +20,7 @@ namespace nux {
 /// rest. Strings are narrow inside, in the thread's ANSI code page. Out strings and values replace the
 /// caller's, which must be initialised. Unless told otherwise an operation returns S_OK, E_INVALIDARG for a
 /// null out pointer, and E_OUTOFMEMORY when memory runs out.
-class nuxStdParts : public Dispatch<InuxStdParts, &IID_InuxStdParts>, public OleControl {
+class nuxStdParts : public Dispatch<InuxStdParts>, public OleControl {
 public:
     nuxStdParts();
 

@@ -14,7 +14,8 @@ constexpr int textDistance = 6;
 
 }  // namespace
 
-CMenuExImpl::CMenuExImpl(UniqueImageList images) : images_(std::move(images)), menu_(CreatePopupMenu()) {
+CMenuExImpl::CMenuExImpl(UniqueImageList images)
+    : SubclassedWindow(nullptr), images_(std::move(images)), menu_(CreatePopupMenu()) {
     if (!menu_)
         throw HResultError(E_OUTOFMEMORY);
     MENUINFO info{};

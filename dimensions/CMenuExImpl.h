@@ -5,7 +5,7 @@
 #include <string>
 
 #include "framework/Handles.h"
-#include "framework/Window.h"
+#include "framework/SubclassedWindow.h"
 
 namespace nux {
 

@@ -15,17 +15,8 @@ std::string DimensionsKey(std::string_view registryRoot, std::string_view catalo
 /// share a key, and another language has its own.
 std::string DimensionColumnKey(std::string_view chooserKey, std::string_view caption);
 
-/// Value names, and what stands for a value that is missing. Numbers are 32 bits wide, limits are texts of
-/// FormatDimNumber. "x" and "y" default to the window's first position.
-namespace DialogValues {
-inline constexpr char left[] = "x";
-inline constexpr char top[] = "y";
-inline constexpr char widthAboveMinimum[] = "dx";
-inline constexpr char heightAboveMinimum[] = "dy";
-inline constexpr std::uint32_t defaultAboveMinimum = 0;
-}  // namespace DialogValues
-
-/// The same for the values of a column.
+/// Value names of a column, and what stands for a value that is missing. Numbers are 32 bits wide, limits are
+/// texts of FormatDimNumber.
 namespace ColumnValues {
 inline constexpr char width[] = "Width";
 inline constexpr std::int32_t defaultWidth = 50;

@@ -24,6 +24,14 @@ void DimensionRows::Clear() noexcept {
     std::string().swap(cells_);
 }
 
+ComPtr<IXMLDOMNode> DimensionRows::Find(LPARAM node) const noexcept {
+    for (const Row& row : rows_) {
+        if (reinterpret_cast<LPARAM>(row.node.Get()) == node)
+            return row.node;
+    }
+    return nullptr;
+}
+
 std::string_view DimensionRows::Cell(std::size_t row, std::size_t dimension) const noexcept {
     std::size_t at = rows_[row].cells;
     const auto length = [&] { return static_cast<std::size_t>(static_cast<unsigned char>(cells_[at])); };

@@ -27,6 +27,9 @@ public:
 
     std::size_t Count() const noexcept { return rows_.size(); }
     IXMLDOMNode* Node(std::size_t row) const noexcept { return rows_[row].node.Get(); }
+    /// The row whose node is known by this number, or null: the number is a list's, where others may have set
+    /// it.
+    ComPtr<IXMLDOMNode> Find(LPARAM node) const noexcept;
     std::string_view Cell(std::size_t row, std::size_t dimension) const noexcept;
 
 private:

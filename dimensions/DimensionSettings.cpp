@@ -2,22 +2,13 @@
 
 #include "dimensions/DimNumber.h"
 #include "dimensions/DimensionKeys.h"
-#include "environment/Localisation.h"
-#include "environment/Settings.h"
+#include "environment/Environment.h"
 
 namespace nux {
 
 DimensionSettings::DimensionSettings(const std::string& catalogId, const std::string& componentId)
     : registry_(HKEY_CURRENT_USER), key_(DimensionsKey(GetRegistryRoot(), catalogId, componentId)) {
     registry_.SetRootKey(HKEY_LOCAL_MACHINE);
-}
-
-int DimensionSettings::Number(const char* name, int fallback) {
-    return NumberAt(key_, name, fallback);
-}
-
-void DimensionSettings::SetNumber(const char* name, int number) {
-    SetNumberAt(key_, name, number);
 }
 
 int DimensionSettings::ColumnNumber(const std::string& caption, const char* name, int fallback) {
@@ -33,11 +24,14 @@ nuxDimFilter DimensionSettings::Filter(const std::string& caption) {
     const auto type = static_cast<DWORD>(NumberAt(key, ColumnValues::filterType, FilterNone));
     const auto database = static_cast<DWORD>(NumberAt(key, ColumnValues::database, DatabaseBoth));
     nuxDimFilter filter;
-    if (type == FilterStringEqual)
-        filter.SetText(type, TextAt(key, ColumnValues::filterString, ""), database);
-    else
+    if (type == FilterStringEqual) {
+        std::string text;
+        registry_.GetStringValue(key, ColumnValues::filterString, &text);
+        filter.SetText(type, text, database);
+    } else {
         filter.SetNumber(type, LimitAt(key, ColumnValues::lowerLimit), LimitAt(key, ColumnValues::upperLimit),
                          database);
+    }
     return filter;
 }
 
@@ -66,15 +60,9 @@ void DimensionSettings::SetNumberAt(const std::string& key, const char* name, in
 }
 
 double DimensionSettings::LimitAt(const std::string& key, const char* name) {
-    return ReadDimNumber(TextAt(key, name, ColumnValues::defaultLimit)).value;
-}
-
-std::string DimensionSettings::TextAt(const std::string& key, const char* name, const char* fallback) {
-    RegistryValue value;
-    const char* text = fallback;
-    if (registry_.QueryValue(key, name, &value))
-        value.AsString(&text);
-    return text;
+    std::string text = ColumnValues::defaultLimit;
+    registry_.GetStringValue(key, name, &text);
+    return ReadDimNumber(text).value;
 }
 
 }  // namespace nux

@@ -6,6 +6,7 @@
 
 #include "dimensions/nuxDimFilter.h"
 #include "environment/Registry.h"
+#include "environment/Settings.h"
 
 namespace nux {
 
@@ -16,9 +17,9 @@ class DimensionSettings {
 public:
     DimensionSettings(const std::string& catalogId, const std::string& componentId);
 
-    /// A number of the window; `name` is one of DialogValues.
-    int Number(const char* name, int fallback);
-    void SetNumber(const char* name, int number);
+    /// Where the window stood; `initial` stands for what is missing.
+    DialogFrame Frame(const DialogFrame& initial) { return ReadDialogFrame(registry_, key_, initial); }
+    void SetFrame(const DialogFrame& frame) { WriteDialogFrame(registry_, key_, frame); }
 
     /// A number of a column; `name` is one of ColumnValues.
     int ColumnNumber(const std::string& caption, const char* name, int fallback);
@@ -31,7 +32,6 @@ private:
     int NumberAt(const std::string& key, const char* name, int fallback);
     void SetNumberAt(const std::string& key, const char* name, int number);
     double LimitAt(const std::string& key, const char* name);
-    std::string TextAt(const std::string& key, const char* name, const char* fallback);
 
     CRegistry registry_;
     std::string key_;

@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "dimensions/CellText.h"
 #include "dimensions/DimNumber.h"
 #include "dimensions/DimensionKeys.h"
 #include "environment/Localisation.h"
+#include "environment/XMLAccess.h"
 
 namespace nux {
 namespace {
@@ -22,23 +24,8 @@ constexpr int headerBitmapMargin = 2;
 
 /// The caption's message ID: the first text inside the node, or its name if there is none.
 std::string CaptionKey(IXMLDOMNode* node, const Bstr& name) {
-    ComPtr<IXMLDOMNode> text;
-    if (node->selectSingleNode(Bstr(L"text()").Get(), text.Receive()) != S_OK || !text)
-        return Narrow(name.Get());
-    Variant value;
-    if (FAILED(text->get_nodeTypedValue(&value)) || !value.IsString())
-        return {};
-    return Narrow(value.bstrVal);
-}
-
-void InsertColumn(HWND list, int column, int format, int width, const std::string& caption) {
-    LVCOLUMNA description{};
-    description.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
-    description.fmt = format;
-    description.cx = width;
-    description.pszText = const_cast<char*>(caption.c_str());
-    description.iSubItem = column;
-    SendMessageA(list, LVM_INSERTCOLUMNA, column, reinterpret_cast<LPARAM>(&description));
+    const ComPtr<IXMLDOMNode> text = SelectNode(node, "text()");
+    return text ? GetWholeNodeText(text.Get()) : Narrow(name.Get());
 }
 
 }  // namespace
@@ -47,38 +34,35 @@ DimensionTable::DimensionTable(std::string catalogId, IXMLDOMNodeList* names, IX
                                IXMLDOMNodeList* usrRows)
     : catalogId_(std::move(catalogId)), names_(names), stdRows_(stdRows), usrRows_(usrRows) {}
 
-void DimensionTable::InitColumns(HWND list) {
-    list_ = list;
-    listProcedure_ = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(list, GWLP_WNDPROC));
+void DimensionTable::InitColumns(const ListView& list) {
+    list_ = &list;
     dimensions_.clear();
-    names_->reset();
     InsertMarkerColumn();
-    ComPtr<IXMLDOMNode> node;
-    while (names_->nextNode(node.Receive()) == S_OK && node) {
+    ForEachNode(names_.Get(), [&](IXMLDOMNode* node) {
         Bstr name;
         if (FAILED(node->get_nodeName(name.Receive())) || name.Length() == 0)
-            break;
-        InsertDimension(node.Get(), std::move(name));
-    }
+            return false;
+        InsertDimension(node, std::move(name));
+        return true;
+    });
     cells_.resize(dimensions_.size());
 }
 
 void DimensionTable::InsertMarkerColumn() {
-    InsertColumn(list_, 0, LVCFMT_RIGHT, ColumnValues::markerWidth, {});
-    const HWND header = ListView_GetHeader(list_);
+    list_->InsertColumn(0, LVCFMT_RIGHT, ColumnValues::markerWidth, {});
     HDITEMA item{};
     item.mask = HDI_FORMAT | HDI_IMAGE;
     item.fmt = HDF_STRING | HDF_IMAGE;
     item.iImage = markerHeaderImage;
-    SendMessageA(header, HDM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-    Header_SetBitmapMargin(header, headerBitmapMargin);
+    SendMessageA(list_->Header(), HDM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    Header_SetBitmapMargin(list_->Header(), headerBitmapMargin);
 }
 
 void DimensionTable::InsertDimension(IXMLDOMNode* node, Bstr name) {
     Dimension dimension;
     dimension.caption = GetLocalizedMessage(catalogId_, CaptionKey(node, name));
     dimension.name = std::move(name);
-    InsertColumn(list_, ColumnCount(), LVCFMT_CENTER, ColumnValues::defaultWidth, dimension.caption);
+    list_->InsertColumn(ColumnCount(), LVCFMT_CENTER, ColumnValues::defaultWidth, dimension.caption);
     dimensions_.push_back(std::move(dimension));
 }
 
@@ -88,37 +72,30 @@ bool DimensionTable::AllFiltersInactive() const noexcept {
 }
 
 void DimensionTable::FillRows() {
-    ListView_DeleteAllItems(list_);
+    list_->DeleteAllRows();
     rows_.Clear();
     FillRows(stdRows_.Get(), DatabaseStandard);
     FillRows(usrRows_.Get(), DatabaseUser);
 }
 
 void DimensionTable::FillRows(IXMLDOMNodeList* rows, std::uint32_t source) {
-    if (!rows)
-        return;
-    rows->reset();
-    ComPtr<IXMLDOMNode> row;
-    while (rows->nextNode(row.Receive()) == S_OK && row) {
-        switch (ReadRow(row.Get(), source)) {
-            case RowState::Passes:
-                InsertRow(row.Get(), source);
-                break;
-            case RowState::Refused:
-                break;
-            case RowState::Incomplete:
-                return;
-        }
-    }
+    ForEachNode(rows, [&](IXMLDOMNode* row) {
+        const RowState state = ReadRow(row, source);
+        if (state == RowState::Passes)
+            InsertRow(row, source);
+        return state != RowState::Incomplete;
+    });
 }
 
 DimensionTable::RowState DimensionTable::ReadRow(IXMLDOMNode* row, std::uint32_t source) {
-    const ComPtr<IXMLDOMElement> element = Query<IXMLDOMElement>(row, IID_IXMLDOMElement);
+    const ComPtr<IXMLDOMElement> element = Query<IXMLDOMElement>(row);
+    Variant value;
     CellText text;
     auto cell = cells_.begin();
     for (Dimension& dimension : dimensions_) {
-        if (!element || !ReadAttribute(element.Get(), dimension.name, &text))
+        if (!element || !ReadAttribute(element.Get(), dimension.name, value))
             return RowState::Incomplete;
+        text.Assign(value);
         *cell = text.View();
         // The number stays that of the untranslated text.
         const DimNumber number = ReadDimNumber(text.View());
@@ -136,29 +113,24 @@ DimensionTable::RowState DimensionTable::ReadRow(IXMLDOMNode* row, std::uint32_t
 void DimensionTable::InsertRow(IXMLDOMNode* row, std::uint32_t source) {
     const int index = static_cast<int>(rows_.Count());
     rows_.Add(row, cells_);
-    LVITEMA item{};
-    item.mask = LVIF_IMAGE | LVIF_PARAM;
-    item.iItem = index;
-    item.iImage = source == DatabaseUser ? userRowImage : standardRowImage;
-    item.lParam = reinterpret_cast<LPARAM>(row);
-    Send(LVM_INSERTITEMA, 0, &item);
-    item.mask = LVIF_TEXT;
-    for (const std::string& cell : cells_) {
-        ++item.iSubItem;
-        item.pszText = const_cast<char*>(cell.c_str());
-        Send(LVM_SETITEMTEXTA, index, &item);
-    }
+    list_->InsertRow(index, reinterpret_cast<LPARAM>(row),
+                     source == DatabaseUser ? userRowImage : standardRowImage);
+    int column = 0;
+    for (const std::string& cell : cells_)
+        list_->SetCell(index, ++column, cell);
 }
 
 void DimensionTable::CollectColumnValues(const Bstr& name, IXMLDOMNodeList* rows,
                                          DistinctValues& values) const {
-    if (!rows)
-        return;
-    rows->reset();
+    Variant value;
     CellText text;
-    ComPtr<IXMLDOMNode> row;
-    while (rows->nextNode(row.Receive()) == S_OK && row && ReadChildElement(row.Get(), name, &text))
+    ForEachNode(rows, [&](IXMLDOMNode* row) {
+        if (!ReadChildElement(row, name.View(), value))
+            return false;
+        text.Assign(value);
         values.Add(text.View());
+        return true;
+    });
 }
 
 void DimensionTable::CollectValues(int column, DistinctValues& values) const {

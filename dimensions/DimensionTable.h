@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "dimensions/CellText.h"
 #include "dimensions/DimensionRows.h"
 #include "dimensions/DistinctValues.h"
 #include "dimensions/nuxDimFilter.h"
-#include "framework/Automation.h"
 #include "framework/ComPtr.h"
+#include "framework/ListView.h"
+#include "framework/Text.h"
 
 namespace nux {
 
@@ -23,7 +23,8 @@ struct Dimension {
     Bstr name;            ///< of the attribute, or child element, that holds its value in a row
     std::string caption;  ///< in the interface language
     nuxDimFilter filter;
-    bool numeric = true;  ///< until a row that is shown proves otherwise, and never again from there on
+    bool numeric =
+        true;  ///< until a row that reaches this cell proves otherwise, and never again from there on
 };
 
 /// The data of the dimension chooser's list view: one column for each dimension, behind a narrow column of
@@ -40,9 +41,9 @@ public:
     DimensionTable(std::string catalogId, IXMLDOMNodeList* names, IXMLDOMNodeList* stdRows,
                    IXMLDOMNodeList* usrRows);
 
-    /// Makes the columns in an empty list view that nobody has subclassed yet. It is used by all that follows
-    /// and must live as long. Throws std::bad_alloc, as all that follows.
-    void InitColumns(HWND list);
+    /// Makes the columns in an empty list view. It is used by all that follows and must live as long.
+    /// Throws std::bad_alloc, as all that follows.
+    void InitColumns(const ListView& list);
 
     int ColumnCount() const noexcept { return static_cast<int>(dimensions_.size()) + 1; }
     /// Whether the column is one of a dimension.
@@ -83,14 +84,7 @@ private:
     ComPtr<IXMLDOMNodeList> names_;
     ComPtr<IXMLDOMNodeList> stdRows_;
     ComPtr<IXMLDOMNodeList> usrRows_;
-    /// Sends a message past whoever has subclassed the list: on some systems a subclass costs more than all
-    /// that the list does, and a row takes a dozen messages.
-    LRESULT Send(UINT message, WPARAM wParam, void* lParam) const noexcept {
-        return CallWindowProcA(listProcedure_, list_, message, wParam, reinterpret_cast<LPARAM>(lParam));
-    }
-
-    HWND list_ = nullptr;
-    WNDPROC listProcedure_ = nullptr;
+    const ListView* list_ = nullptr;
     std::vector<Dimension> dimensions_;
     DimensionRows rows_;
     std::vector<std::string> cells_;  ///< of the row that is being read

@@ -3,11 +3,11 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 #include <vector>
 
 #include "dimensions/CMenuExImpl.h"
+#include "dimensions/CellText.h"
 #include "dimensions/Columns.h"
 #include "dimensions/DimNumber.h"
 #include "dimensions/DimensionKeys.h"
@@ -15,7 +15,9 @@
 #include "dimensions/nuxDefineDimFilter.h"
 #include "dimensions/nuxLVSort.h"
 #include "dimensions/nuxQFWindow.h"
+#include "environment/Environment.h"
 #include "environment/Localisation.h"
+#include "environment/XMLAccess.h"
 #include "framework/Icons.h"
 #include "framework/RedrawPause.h"
 #include "resources/resource.h"
@@ -29,19 +31,6 @@ constexpr DWORD listStyle = LVS_EX_SUBITEMIMAGES | LVS_EX_HEADERDRAGDROP | LVS_E
 /// Image of a column with an active filter in the list of the header.
 constexpr int filterHeaderImage = 0;
 
-/// The buttons that move with the window's corner, in the order of DialogLayout.
-constexpr std::array<int, DialogLayout::buttonCount> buttons{IDC_ALL_FILTERS_OFF, IDOK, IDCANCEL};
-
-PixelRectangle ToPixels(const RECT& rectangle) noexcept {
-    return {rectangle.left, rectangle.top, rectangle.right, rectangle.bottom};
-}
-
-PixelRectangle WindowRectangle(HWND window) noexcept {
-    RECT rectangle{};
-    GetWindowRect(window, &rectangle);
-    return ToPixels(rectangle);
-}
-
 }  // namespace
 
 nuxChooseStdDims::nuxChooseStdDims(const std::string& catalogId, const std::string& componentId,
@@ -50,12 +39,10 @@ nuxChooseStdDims::nuxChooseStdDims(const std::string& catalogId, const std::stri
     : table_(catalogId, names, stdRows, usrRows),
       defaults_(defaults),
       settings_(catalogId, componentId),
-      listEvents_([this](int column) { ShowQuickFilter(column); }) {}
+      list_(this, [this](int column) { ShowQuickFilter(column); }) {}
 
 INT_PTR nuxChooseStdDims::Run(HWND parent) {
-    const INT_PTR code = RunModal(parent, IDD_CHOOSE_DIMENSIONS);
-    listEvents_.RethrowFailure();
-    return code;
+    return RunModal(parent, IDD_CHOOSE_DIMENSIONS);
 }
 
 std::optional<LRESULT> nuxChooseStdDims::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -63,17 +50,6 @@ std::optional<LRESULT> nuxChooseStdDims::OnMessage(UINT message, WPARAM wParam, 
         case WM_INITDIALOG:
             OnInitDialog();
             return TRUE;
-        case WM_GETMINMAXINFO:
-            if (!layout_)
-                return std::nullopt;
-            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {layout_->MinimumSize().width,
-                                                                     layout_->MinimumSize().height};
-            return 0;
-        case WM_WINDOWPOSCHANGING:
-            if (!layout_)
-                return std::nullopt;
-            OnPosChanging(*reinterpret_cast<WINDOWPOS*>(lParam));
-            return 0;
         case WM_DESTROY:
             OnDestroy();
             return std::nullopt;
@@ -94,7 +70,7 @@ std::optional<LRESULT> nuxChooseStdDims::OnMessage(UINT message, WPARAM wParam, 
         case WM_NOTIFY:
             return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
         default:
-            return std::nullopt;
+            return ResizableDialog::OnMessage(message, wParam, lParam);
     }
 }
 
@@ -117,23 +93,23 @@ std::optional<LRESULT> nuxChooseStdDims::OnNotify(const NMHDR& notification) {
 }
 
 void nuxChooseStdDims::OnInitDialog() {
-    list_ = Item(IDC_SIZES);
-    ListView_SetExtendedListViewStyle(list_, listStyle);
-    // The list destroys its image list itself, the header does not.
-    ListView_SetImageList(list_, LoadSmallIcons({IDI_USER_ROW}).Detach(), LVSIL_SMALL);
-    const HWND header = ListView_GetHeader(list_);
+    list_.Attach(Item(IDC_SIZES));
+    list_.SetExtendedStyle(listStyle);
+    list_.SetImages(LoadSmallIcons({IDI_USER_ROW}));
+    const HWND header = list_.Header();
     SetWindowLongPtrA(header, GWL_STYLE, GetWindowLongPtrA(header, GWL_STYLE) | HDS_HOTTRACK);
-    headerImages_ = LoadSmallIcons({IDI_FILTER, IDI_USER_ROW});
+    headerImages_ = LoadSmallIcons({IDI_FILTER, IDI_USER_ROW});  // the header doesn't own its images
     Header_SetImageList(header, headerImages_.Get());
-    layout_ = MeasureLayout();
-    icon_ = LoadSmallIcon(IDI_DIMENSION_CHOOSER);
-    SendMessageA(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.Get()));
+    StartLayout({{list_.Handle(), growsWide | growsTall},
+                 {Item(IDC_ALL_FILTERS_OFF), movesRight | movesDown},
+                 {Item(IDOK), movesRight | movesDown},
+                 {Item(IDCANCEL), movesRight | movesDown}});
+    SetIcon(IDI_DIMENSION_CHOOSER);
 
     table_.InitColumns(list_);
-    listEvents_.Attach(list_);
     LoadFilters();
     {
-        const RedrawPause pause(list_);
+        const RedrawPause pause(list_.Handle());
         table_.FillRows();
     }
     for (int column = 1; column < table_.ColumnCount(); ++column)
@@ -143,7 +119,7 @@ void nuxChooseStdDims::OnInitDialog() {
 }
 
 void nuxChooseStdDims::OnDestroy() {
-    if (!layout_)
+    if (!IsLaidOut())
         return;  // the start failed
     SaveFilters();
     SaveLayout();
@@ -151,19 +127,14 @@ void nuxChooseStdDims::OnDestroy() {
 }
 
 void nuxChooseStdDims::TakeSelectedRow() {
-    const int item = ListView_GetNextItem(list_, -1, LVNI_SELECTED);
-    if (item < 0)
-        return;
-    LVITEMA selected{};
-    selected.mask = LVIF_PARAM;
-    selected.iItem = item;
-    if (SendMessageA(list_, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&selected)))
-        chosen_ = ComPtr<IXMLDOMNode>(reinterpret_cast<IXMLDOMNode*>(selected.lParam));
+    const int row = list_.SelectedRow();
+    if (row >= 0)
+        chosen_ = table_.Rows().Find(list_.RowData(row));
 }
 
 void nuxChooseStdDims::SelectDefaultRow() {
     if (table_.Rows().Count() > 0)
-        SizeList::SelectRow(list_, DefaultRow());
+        list_.SelectRow(DefaultRow());
 }
 
 int nuxChooseStdDims::DefaultRow() const {
@@ -171,8 +142,10 @@ int nuxChooseStdDims::DefaultRow() const {
         return 0;
     std::vector<std::string> wanted;
     for (int column = 1; column < table_.ColumnCount(); ++column) {
+        Variant value;
+        ReadChildElement(defaults_.Get(), table_.At(column).name.View(), value);
         CellText text;
-        ReadChildElement(defaults_.Get(), table_.At(column).name, &text);
+        text.Assign(value);
         wanted.emplace_back(text.View());
     }
     const DimensionRows& rows = table_.Rows();
@@ -204,90 +177,44 @@ void nuxChooseStdDims::SaveFilters() {
 }
 
 void nuxChooseStdDims::LoadLayout() {
-    const PixelPoint initial = layout_->InitialPosition();
-    const PixelSize aboveMinimum{
-        settings_.Number(DialogValues::widthAboveMinimum, DialogValues::defaultAboveMinimum),
-        settings_.Number(DialogValues::heightAboveMinimum, DialogValues::defaultAboveMinimum)};
-    const PixelSize size = layout_->WindowSize(aboveMinimum);
-    // The window goes where it stood last, also if no screen is there any more.
-    MoveWindow(Handle(), settings_.Number(DialogValues::left, initial.x),
-               settings_.Number(DialogValues::top, initial.y), size.width, size.height, FALSE);
+    SetFrame(settings_.Frame(InitialFrame()));
 
     std::vector<StoredColumn> stored;
     stored.push_back({true, 0});
-    ListView_SetColumnWidth(list_, 0, ColumnValues::markerWidth);
+    list_.SetColumnWidth(0, ColumnValues::markerWidth);
     for (int column = 1; column < table_.ColumnCount(); ++column) {
         const std::string& caption = table_.At(column).caption;
         stored.push_back({caption.empty(),
                           settings_.ColumnNumber(caption, ColumnValues::order, ColumnValues::defaultOrder)});
-        ListView_SetColumnWidth(list_, column,
-                                caption.empty() ? ColumnValues::markerWidth
-                                                : settings_.ColumnNumber(caption, ColumnValues::width,
-                                                                         ColumnValues::defaultWidth));
+        list_.SetColumnWidth(column, caption.empty() ? ColumnValues::markerWidth
+                                                     : settings_.ColumnNumber(caption, ColumnValues::width,
+                                                                              ColumnValues::defaultWidth));
     }
     if (const auto order = StoredColumnOrder(stored))
-        SizeList::SetColumnOrder(list_, *order);
+        list_.SetColumnOrder(*order);
 }
 
 void nuxChooseStdDims::SaveLayout() {
-    const PixelRectangle window = WindowRectangle(Handle());
-    const PixelSize aboveMinimum =
-        layout_->AboveMinimum({window.right - window.left, window.bottom - window.top});
-    settings_.SetNumber(DialogValues::left, window.left);
-    settings_.SetNumber(DialogValues::top, window.top);
-    settings_.SetNumber(DialogValues::widthAboveMinimum, aboveMinimum.width);
-    settings_.SetNumber(DialogValues::heightAboveMinimum, aboveMinimum.height);
+    settings_.SetFrame(Frame());
 
     // Of columns with equal captions the last one counts, wherever it stands: columns go by their index here.
-    const std::vector<int> order = SizeList::ColumnOrder(list_);
+    const std::vector<int> order = list_.ColumnOrder();
     for (int column = 1; column < table_.ColumnCount(); ++column) {
         const auto position = std::find(order.begin(), order.end(), column) - order.begin();
         const std::string& caption = table_.At(column).caption;
-        settings_.SetColumnNumber(caption, ColumnValues::width, ListView_GetColumnWidth(list_, column));
+        settings_.SetColumnNumber(caption, ColumnValues::width, list_.ColumnWidth(column));
         settings_.SetColumnNumber(caption, ColumnValues::order, static_cast<int>(position));
     }
 }
 
-DialogLayout nuxChooseStdDims::MeasureLayout() const {
-    DialogLayout::Buttons places{};
-    for (std::size_t i = 0; i < buttons.size(); ++i) {
-        const PixelRectangle button = WindowRectangle(Item(buttons[i]));
-        POINT place{button.left, button.top};
-        ScreenToClient(Handle(), &place);
-        places[i] = {place.x, place.y};
-    }
-    return DialogLayout(WindowRectangle(Handle()), WindowRectangle(list_), places);
-}
-
-void nuxChooseStdDims::OnPosChanging(WINDOWPOS& position) {
-    if (!(position.flags & SWP_NOSIZE)) {
-        const PixelSize raised = layout_->RaisedToMinimum({position.cx, position.cy});
-        position.cx = raised.width;
-        position.cy = raised.height;
-    }
-    // The system has the last word on the size that the controls are placed for.
-    DefWindowProcA(Handle(), WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&position));
-    if (!(position.flags & SWP_NOSIZE))
-        RepositionControls({position.cx, position.cy});
-}
-
-void nuxChooseStdDims::RepositionControls(PixelSize window) {
-    const DialogLayout::Placement placement = layout_->PlaceControls(window);
-    SetWindowPos(list_, nullptr, 0, 0, placement.list.width, placement.list.height,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    InvalidateRect(ListView_GetHeader(list_), nullptr, TRUE);  // its old right edge would stay
-    for (std::size_t i = 0; i < buttons.size(); ++i) {
-        const HWND button = Item(buttons[i]);
-        SetWindowPos(button, nullptr, placement.buttons[i].x, placement.buttons[i].y, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        InvalidateRect(button, nullptr, TRUE);
-    }
+void nuxChooseStdDims::OnControlsPlaced() {
+    InvalidateRect(list_.Header(), nullptr, TRUE);  // its old right edge would stay
 }
 
 void nuxChooseStdDims::ApplyColumnFilter(int column, const nuxDimFilter& filter, SortMode sortMode) {
     table_.SetFilter(column, filter);
     {
-        const RedrawPause pause(list_);
+        const RedrawPause pause(list_.Handle());
         table_.FillRows();
         if (sortMode != SortModeNone)
             Sort(column, true, sortMode == SortModeAscending);
@@ -311,7 +238,7 @@ void nuxChooseStdDims::TurnOffAllFilters() {
         changed = true;
     }
     if (changed) {
-        const RedrawPause pause(list_);
+        const RedrawPause pause(list_.Handle());
         table_.FillRows();
     }
     EnableAllFiltersOff(false);
@@ -319,8 +246,8 @@ void nuxChooseStdDims::TurnOffAllFilters() {
 
 void nuxChooseStdDims::SetColumnFormat(int column) {
     const Dimension& dimension = table_.At(column);
-    SizeList::SetColumnFormat(
-        list_, column, dimension.filter.IsInactive() ? std::nullopt : std::optional<int>(filterHeaderImage),
+    list_.SetColumnFormat(
+        column, dimension.filter.IsInactive() ? std::nullopt : std::optional<int>(filterHeaderImage),
         dimension.numeric);
 }
 
@@ -328,7 +255,7 @@ void nuxChooseStdDims::EnableAllFiltersOff(bool enable) {
     const HWND button = Item(IDC_ALL_FILTERS_OFF);
     // A disabled button that keeps the focus would keep the keyboard from the dialog.
     if (!enable && GetFocus() == button)
-        SendMessageA(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(list_), TRUE);
+        SendMessageA(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(list_.Handle()), TRUE);
     EnableWindow(button, enable);
 }
 

@@ -12,16 +12,15 @@
 #include "dimensions/FilterFields.h"
 #include "dimensions/SizeList.h"
 #include "framework/ComPtr.h"
-#include "framework/DialogLayout.h"
 #include "framework/Handles.h"
-#include "framework/Window.h"
+#include "framework/ResizableDialog.h"
 
 namespace nux {
 
 /// The modal dialog in which the user picks one size of a component, from the rows of its standard and of its
 /// user's dimension file. Filters, columns and the window's place are kept in the registry for the next
 /// opening, also after Cancel. One run per object.
-class nuxChooseStdDims : private Dialog {
+class nuxChooseStdDims : private ResizableDialog {
 public:
     /// @param catalogId    catalogue whose messages translate the texts; with componentId the name of the
     ///                     registry key, neither may be empty
@@ -47,7 +46,6 @@ private:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnInitDialog();
     void OnDestroy();
-    void OnPosChanging(WINDOWPOS& position);
     std::optional<LRESULT> OnNotify(const NMHDR& notification);
 
     void TakeSelectedRow();
@@ -59,8 +57,7 @@ private:
     void SaveFilters();
     void LoadLayout();
     void SaveLayout();
-    DialogLayout MeasureLayout() const;
-    void RepositionControls(PixelSize window);
+    void OnControlsPlaced() override;
 
     /// Replaces the filter of a column and fills the list anew.
     void ApplyColumnFilter(int column, const nuxDimFilter& filter, SortMode sortMode);
@@ -73,14 +70,11 @@ private:
     void DefineFilter(int column);
     void ShowQuickFilter(int column);
 
-    HWND list_ = nullptr;
     DimensionTable table_;
     ComPtr<IXMLDOMNode> defaults_;
     ComPtr<IXMLDOMNode> chosen_;
     DimensionSettings settings_;
-    SizeList listEvents_;
-    std::optional<DialogLayout> layout_;  ///< from the moment when the template has been laid out
-    UniqueIcon icon_;
+    SizeList list_;
     UniqueImageList headerImages_;
 };
 

@@ -5,8 +5,8 @@
 #include <variant>
 
 #include "dimensions/DimNumber.h"
-#include "environment/Localisation.h"
-#include "framework/Icons.h"
+#include "environment/Environment.h"
+#include "framework/ComboBox.h"
 #include "resources/resource.h"
 
 namespace nux {
@@ -67,18 +67,14 @@ std::string WholeTextOf(HWND field) {
     return text;
 }
 
-void AddChoice(HWND comboBox, const std::string& text) noexcept {
-    SendMessageA(comboBox, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-}
-
 }  // namespace
 
 LRESULT nuxDefineDimFilter::NumberField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_CHAR)
         return Default(message, wParam, lParam);
     // Enter and Escape come as characters while the list is open: they close it.
-    const bool closesList = (wParam == VK_RETURN || wParam == VK_ESCAPE) &&
-                            SendMessageA(GetParent(Handle()), CB_GETDROPPEDSTATE, 0, 0);
+    const bool closesList =
+        (wParam == VK_RETURN || wParam == VK_ESCAPE) && ComboBox(GetParent(Handle())).IsDropped();
     if (closesList ||
         (wParam <= 0xff && TakesCharacter(static_cast<char>(wParam), TextOf(Handle()), DecimalSeparator())))
         return Default(message, wParam, lParam);
@@ -89,10 +85,7 @@ nuxDefineDimFilter::nuxDefineDimFilter(const nuxDimFilter& filter, std::vector<d
     : defined_{filter, SortModeNone}, values_(std::move(values)) {}
 
 INT_PTR nuxDefineDimFilter::Run(HWND parent) {
-    const INT_PTR code = RunModal(parent, IDD_DEFINE_FILTER);
-    for (NumberField& field : fields_)
-        field.RethrowFailure();
-    return code;
+    return RunModal(parent, IDD_DEFINE_FILTER);
 }
 
 std::optional<LRESULT> nuxDefineDimFilter::OnMessage(UINT message, WPARAM wParam, LPARAM) {
@@ -136,15 +129,14 @@ std::optional<LRESULT> nuxDefineDimFilter::OnCommand(int control, int notificati
 void nuxDefineDimFilter::OnInitDialog() {
     const HWND lower = Item(IDC_LOWER_LIMIT);
     const HWND upper = Item(IDC_UPPER_LIMIT);
-    fields_[0].AttachInside(lower);
-    fields_[1].AttachInside(upper);
-    icon_ = LoadSmallIcon(IDI_FILTER);
-    SendMessageA(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.Get()));
+    lowerField_.Attach(ComboBox(lower).EditField());
+    upperField_.Attach(ComboBox(upper).EditField());
+    SetIcon(IDI_FILTER);
 
     const nuxDimFilter& filter = defined_.filter;
     const char* separators = DecimalSeparator();
     for (const double value : values_)
-        AddChoice(lower, FormatDimNumber(value, separators));
+        ComboBox(lower).Add(FormatDimNumber(value, separators));
     Check(Handle(), types, filter.Type());
     SetWindowTextA(lower, FormatDimNumber(filter.Lower(), separators).c_str());
     SetWindowTextA(upper, FormatDimNumber(filter.Upper(), separators).c_str());
@@ -170,10 +162,10 @@ void nuxDefineDimFilter::UpdateFields() {
 void nuxDefineDimFilter::RefillUpperLimit() {
     const HWND upper = Item(IDC_UPPER_LIMIT);
     const std::string typed = WholeTextOf(upper);
-    SendMessageA(upper, CB_RESETCONTENT, 0, 0);
+    ComboBox(upper).Clear();
     for (const std::string& choice :
          UpperLimitChoices(values_, TextOf(Item(IDC_LOWER_LIMIT)), DecimalSeparator()))
-        AddChoice(upper, choice);
+        ComboBox(upper).Add(choice);
     SetWindowTextA(upper, typed.c_str());
 }
 

@@ -2,14 +2,13 @@
 
 #include <windows.h>
 
-#include <array>
 #include <optional>
 #include <vector>
 
 #include "dimensions/FilterFields.h"
 #include "dimensions/nuxDimFilter.h"
-#include "framework/Handles.h"
-#include "framework/Window.h"
+#include "framework/Dialog.h"
+#include "framework/SubclassedWindow.h"
 
 namespace nux {
 
@@ -35,7 +34,7 @@ private:
     /// The edit field inside a combo box: takes digits and one decimal separator.
     class NumberField : public SubclassedWindow {
     public:
-        void AttachInside(HWND comboBox) { Attach(GetWindow(comboBox, GW_CHILD)); }
+        explicit NumberField(MessageTarget* owner) noexcept : SubclassedWindow(owner) {}
 
     protected:
         LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -53,8 +52,8 @@ private:
 
     DefinedFilter defined_{{}, SortModeNone};
     std::vector<double> values_;
-    std::array<NumberField, 2> fields_;
-    UniqueIcon icon_;
+    NumberField lowerField_{this};
+    NumberField upperField_{this};
 };
 
 }  // namespace nux

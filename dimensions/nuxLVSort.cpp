@@ -109,12 +109,6 @@ CaseFolding SystemCaseFolding() noexcept {
     return folding;
 }
 
-template <class Order>
-void SortList(HWND list, const Order& order) {
-    SendMessageA(list, LVM_SORTITEMS, reinterpret_cast<WPARAM>(&order),
-                 reinterpret_cast<LPARAM>(&Order::Compare));
-}
-
 }  // namespace
 
 void nuxLVSort::Sort(bool ascending) {
@@ -128,7 +122,7 @@ void nuxLVSort::SortByNumber(bool ascending) {
     NumberOrder order{KeysByNode<double>(rows_.Count()), ascending};
     for (std::size_t row = 0; row < rows_.Count(); ++row)
         order.keys.Add(rows_.Node(row), ReadDimNumber(rows_.Cell(row, column_ - 1)).value);
-    SortList(list_, order);
+    list_.Sort(&decltype(order)::Compare, &order);
 }
 
 void nuxLVSort::SortByText(bool ascending) {
@@ -136,7 +130,7 @@ void nuxLVSort::SortByText(bool ascending) {
     TextOrder order{KeysByNode<std::u16string>(rows_.Count()), folding.multibyte, ascending};
     for (std::size_t row = 0; row < rows_.Count(); ++row)
         order.keys.Add(rows_.Node(row), FoldText(rows_.Cell(row, column_ - 1), folding));
-    SortList(list_, order);
+    list_.Sort(&decltype(order)::Compare, &order);
 }
 
 }  // namespace nux

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "dimensions/DimensionRows.h"
+#include "framework/ListView.h"
 
 namespace nux {
 
@@ -16,7 +17,7 @@ public:
     /// @param column   list column whose cells are the keys, from 1 on
     /// @param numeric  compare the numbers at the start of the cells instead of their texts
     /// Both list and rows must outlive the object. Does no work yet.
-    nuxLVSort(HWND list, const DimensionRows& rows, unsigned column, bool numeric) noexcept
+    nuxLVSort(const ListView& list, const DimensionRows& rows, unsigned column, bool numeric) noexcept
         : list_(list), rows_(rows), column_(column), numeric_(numeric) {}
     virtual ~nuxLVSort() = default;
 
@@ -27,7 +28,7 @@ private:
     void SortByNumber(bool ascending);
     void SortByText(bool ascending);
 
-    HWND list_;
+    const ListView& list_;
     const DimensionRows& rows_;
     unsigned column_;
     bool numeric_;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "framework/Drawing.h"
 #include "framework/HResult.h"
 #include "framework/Module.h"
 
@@ -25,67 +26,41 @@ const WindowClass& ListClass() noexcept {
     return windowClass;
 }
 
-PixelRectangle ScreenRectangle(HWND window) noexcept {
-    RECT rectangle{};
-    GetWindowRect(window, &rectangle);
-    return {rectangle.left, rectangle.top, rectangle.right, rectangle.bottom};
-}
-
 PixelPoint Pointer() noexcept {
     POINT pointer{};
     GetCursorPos(&pointer);
     return {pointer.x, pointer.y};
 }
 
-/// Puts an object into a device context, and the old one back at the end.
-class Selection {
-public:
-    Selection(HDC context, HGDIOBJ object) noexcept
-        : context_(context), old_(SelectObject(context, object)) {}
-    Selection(const Selection&) = delete;
-    Selection& operator=(const Selection&) = delete;
-    ~Selection() { SelectObject(context_, old_); }
-
-private:
-    HDC context_;
-    HGDIOBJ old_;
-};
-
-/// The painting of a window's invalid part.
-class Painting {
-public:
-    explicit Painting(HWND window) noexcept : window_(window) { BeginPaint(window, &paint_); }
-    Painting(const Painting&) = delete;
-    Painting& operator=(const Painting&) = delete;
-    ~Painting() { EndPaint(window_, &paint_); }
-
-    HDC Context() const noexcept { return paint_.hdc; }
-    const RECT& Area() const noexcept { return paint_.rcPaint; }
-
-private:
-    HWND window_;
-    PAINTSTRUCT paint_{};
-};
-
 HGDIOBJ ListFont() noexcept {
     return GetStockObject(DEFAULT_GUI_FONT);
 }
 
-TEXTMETRICA MeasureListFont(HWND window) noexcept {
-    TEXTMETRICA metrics{};
-    const HDC context = GetDC(window);
-    {
-        const Selection font(context, ListFont());
-        GetTextMetricsA(context, &metrics);
+/// Alt and F10 would take the keyboard to the dialog's menu. As modifiers they count by the state of the key.
+bool OpensMenu(const MSG& message) noexcept {
+    switch (message.message) {
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+        case WM_SYSKEYDOWN:
+        case WM_SYSKEYUP:
+            return message.wParam == VK_MENU || message.wParam == VK_F10;
+        default:
+            return false;
     }
-    ReleaseDC(window, context);
+}
+
+TEXTMETRICA MeasureListFont(HWND list) noexcept {
+    TEXTMETRICA metrics{};
+    const WindowContext window(list);
+    const Selection font(window.Context(), ListFont());
+    GetTextMetricsA(window.Context(), &metrics);
     return metrics;
 }
 
 }  // namespace
 
 nuxQFWindowChild::nuxQFWindowChild(nuxQFWindow& owner, std::vector<std::string> strings)
-    : owner_(owner), strings_(std::move(strings)), geometry_({}, 1, 1) {}
+    : Window(&owner), owner_(owner), strings_(std::move(strings)), geometry_({}, 1, 1) {}
 
 void nuxQFWindowChild::CreateInside(HWND pager) {
     pager_ = pager;
@@ -115,12 +90,9 @@ LRESULT nuxQFWindowChild::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
     }
 }
 
-void nuxQFWindowChild::OnFailure() noexcept {
-    owner_.End(-1);
-}
-
 int nuxQFWindowChild::RowAtPointer(LPARAM position) const noexcept {
-    return geometry_.RowAt(Pointer(), ScreenRectangle(pager_), static_cast<std::int16_t>(HIWORD(position)));
+    return geometry_.RowAt(Pointer(), ToPixels(WindowRectangle(pager_)),
+                           static_cast<std::int16_t>(HIWORD(position)));
 }
 
 void nuxQFWindowChild::Track(WPARAM buttons, LPARAM position) {
@@ -179,6 +151,7 @@ nuxQFWindow::nuxQFWindow(std::vector<std::string> strings)
     : child_(*this, std::move(strings)), pager_(*this) {}
 
 int nuxQFWindow::RunQuickFilter(HWND parent) {
+    const LiveObject loaded;
     Create(FrameClass(), parent, {100, 100, 200, 250}, frameStyle);
     CreatePager();
     child_.CreateInside(pager_.Handle());
@@ -190,8 +163,6 @@ int nuxQFWindow::RunQuickFilter(HWND parent) {
         ReleaseCapture();
     Destroy();
     RethrowFailure();
-    child_.RethrowFailure();
-    pager_.RethrowFailure();
     return result_;
 }
 
@@ -217,7 +188,7 @@ void nuxQFWindow::PlaceUnderPointer() {
     const PixelPoint place = geometry.PointerPlace();
     POINT onScreen{place.x, place.y};
     ClientToScreen(Handle(), &onScreen);
-    const PixelRectangle present = ScreenRectangle(Handle());
+    const RECT present = WindowRectangle(Handle());
     const PixelPoint topLeft =
         TopLeftUnderPointer(Pointer(), {onScreen.x, onScreen.y}, {present.left, present.top});
     // The dialog stays the active window.
@@ -283,8 +254,7 @@ void nuxQFWindow::RunMessageLoop() {
             End(-1);
             break;
         }
-        // Keys only modify the gesture. Alt would open a menu.
-        if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST)
+        if (OpensMenu(message))
             continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "dimensions/QuickFilter.h"
+#include "framework/SubclassedWindow.h"
 #include "framework/Window.h"
 
 namespace nux {
@@ -27,7 +28,6 @@ public:
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    void OnFailure() noexcept override;
 
 private:
     void Track(WPARAM buttons, LPARAM position);
@@ -68,7 +68,7 @@ private:
     /// The pager. Its scroll buttons take the mouse while they are used, and so see the end of the gesture.
     class Pager : public SubclassedWindow {
     public:
-        explicit Pager(nuxQFWindow& owner) : owner_(owner) {}
+        explicit Pager(nuxQFWindow& owner) : SubclassedWindow(&owner), owner_(owner) {}
 
     protected:
         LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -56,7 +56,7 @@ ScriptEngine::ScriptEngine(const wchar_t* progId, Objects objects) {
     ThrowIfFailed(CLSIDFromProgID(progId, &classId));
     ThrowIfFailed(
         CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, idOfActiveScript, engine_.ReceiveVoid()));
-    parser_ = engine_.As<IActiveScriptParse>(idOfScriptParse);
+    parser_ = Query<IActiveScriptParse>(engine_.Get(), idOfScriptParse);
     if (!parser_)
         throw HResultError(E_NOINTERFACE);
     ThrowIfFailed(parser_->InitNew());
@@ -74,17 +74,17 @@ HRESULT ScriptEngine::Run(const std::wstring& statements) {
     return parser_->ParseScriptText(statements.c_str(), nullptr, nullptr, nullptr, 0, 0, 0, nullptr, nullptr);
 }
 
-HRESULT ScriptEngine::Evaluate(const std::wstring& expression, Variant& value) {
+HRESULT ScriptEngine::Evaluate(const std::wstring& expression, VARIANT* value) {
     return parser_->ParseScriptText(expression.c_str(), nullptr, nullptr, nullptr, 0, 0,
-                                    SCRIPTTEXT_ISEXPRESSION, value.Receive(), nullptr);
+                                    SCRIPTTEXT_ISEXPRESSION, value, nullptr);
 }
 
 ComPtr<IDispatch> ScriptEngine::Object(const std::wstring& expression) {
     Variant value;
-    ThrowIfFailed(Evaluate(expression, value));
-    if (value.vt != VT_DISPATCH)
+    ThrowIfFailed(Evaluate(expression, value.Receive()));
+    if (value.Type() != VT_DISPATCH)
         throw HResultError(DISP_E_TYPEMISMATCH);
-    return ComPtr<IDispatch>(value.pdispVal);
+    return ComPtr<IDispatch>(value.Object());
 }
 
 }  // namespace nux

@@ -7,8 +7,8 @@
 #include <map>
 #include <string>
 
-#include "framework/Automation.h"
 #include "framework/ComPtr.h"
+#include "framework/Variant.h"
 
 namespace nux {
 
@@ -28,8 +28,8 @@ public:
     /// Runs statements to their end. @return a failure if the engine could not read them or one raised an
     /// error
     HRESULT Run(const std::wstring& statements);
-    /// The value of an expression. @return what the engine returned
-    HRESULT Evaluate(const std::wstring& expression, Variant& value);
+    /// The value of an expression, which an empty `value` receives. @return what the engine returned
+    HRESULT Evaluate(const std::wstring& expression, VARIANT* value);
     /// The object that an expression makes, such as an array. Throws HResultError if it makes none.
     ComPtr<IDispatch> Object(const std::wstring& expression);
 

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "Inux3D.h"
-#include "framework/Automation.h"
 #include "framework/ComPtr.h"
+#include "framework/DispatchClient.h"
 
 namespace nux {
 namespace {
@@ -42,23 +42,19 @@ void WithdrawHost3D(const void* owner) noexcept {
 std::string GetCatalogFolder(const std::string& catalogId) {
     const std::string& root = Installation().catalog;
     const ComPtr<IDispatch> last(Hosts().empty() ? nullptr : Hosts().back().host);
-    const ComPtr<Inux3D> host = last.As<Inux3D>(IID_Inux3D);
+    const ComPtr<Inux3D> host = last.As<Inux3D>();
     if (!host)
         return root;
     ComPtr<IDispatch> application;
     if (FAILED(host->GetApplication(application.Receive())) || !application)
         return root;
 
-    Variant argument;
-    argument.bstrVal = Bstr(catalogId, CP_THREAD_ACP).Detach();
-    argument.vt = VT_BSTR;
-    DISPPARAMS parameters{&argument, nullptr, 1, 0};
+    const Variant argument(catalogId);
     Variant folder;
-    const HRESULT result = application->Invoke(folderOfCatalogue, IID_NULL, LOCALE_SYSTEM_DEFAULT,
-                                               DISPATCH_METHOD, &parameters, &folder, nullptr, nullptr);
-    if (result != S_OK || !folder.IsString())
+    if (CallMethod(application.Get(), folderOfCatalogue, {&argument, 1}, &folder) != S_OK ||
+        !folder.IsString())
         return root;
-    return Narrow(folder.bstrVal);
+    return Narrow(folder.Text());
 }
 
 }  // namespace nux

@@ -171,10 +171,4 @@ std::string_view ShortLanguageName(std::string_view name) noexcept {
     return cut == std::string_view::npos ? std::string_view() : name.substr(0, cut);
 }
 
-std::string LocaleFolderOf(std::string_view guiPath) {
-    constexpr std::size_t guiFolder = 4;  // three letters and the separator
-    const std::size_t kept = guiPath.size() < guiFolder ? 0 : guiPath.size() - guiFolder;
-    return std::string(guiPath.substr(0, kept)) + "locale\\";
-}
-
 }  // namespace nux

@@ -36,8 +36,4 @@ std::string ChooseInterfaceLanguage(std::uint16_t languageId, FolderExists&& fol
     return {};
 }
 
-/// The locale folder that lies beside the folder of the wizard pages: the last four characters of `guiPath`,
-/// whatever they are, give way to "locale\". A shorter path gives "locale\" alone.
-std::string LocaleFolderOf(std::string_view guiPath);
-
 }  // namespace nux

@@ -3,19 +3,15 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstring>
 #include <list>
 #include <optional>
 
-#include "environment/DiagnosticLog.h"
+#include "environment/InstallationFiles.h"
 #include "environment/InstallationPaths.h"
 #include "environment/LanguageTable.h"
 #include "environment/MessageTable.h"
 #include "environment/Paths.h"
-#include "environment/Registry.h"
-#include "environment/Settings.h"
 #include "environment/XMLAccess.h"
-#include "framework/Module.h"
 
 namespace nux {
 namespace {
@@ -37,14 +33,11 @@ MessageCatalogue& Catalogue() noexcept {
     return catalogue;
 }
 
-char decimalSeparator[5] = "";
-
 std::optional<MessageTable> LoadMessageTable(const std::string& catalogId) {
     const std::string& language = Catalogue().language;
-    const std::string file = (catalogId.empty() ? "COMMON" : catalogId) + "_Msgs.xml";
     ComPtr<IXMLDOMDocument> document;
-    if (!LoadXMLDocument("file://" + GetLocaleFolder() + language + "\\" + file, document.Receive()) &&
-        !LoadXMLDocument("file://" + GetCatalogFolder(catalogId) + "locale\\" + language + "\\" + file,
+    if (!LoadXMLDocument(MessagesURL(GetLocaleFolder(), language, catalogId), document.Receive()) &&
+        !LoadXMLDocument(MessagesURL(CatalogLocaleFolder(GetCatalogFolder(catalogId)), language, catalogId),
                          document.Receive()))
         return std::nullopt;
     return MessageTable::Read(document.Get());
@@ -68,38 +61,10 @@ const std::optional<MessageTable>& TableOf(const std::string& catalogId) {
     return added->table;
 }
 
-void SwitchResources(const std::string& language) {
-    if (const HMODULE module = LoadLibraryA((GetLocaleFolder() + language + "\\resource.dll").c_str()))
-        SetResourceModule(module);
-}
-
 }  // namespace
 
-bool InitEnvironment() {
-    ReadProductVersion();
-
-    std::string& language = Catalogue().language;
-    language = DetermineInterfaceLanguage();
-    if (!language.empty())
-        SwitchResources(language);
-
-    // Not read in place: a separator that is too long would be written in part.
-    char separator[sizeof decimalSeparator];
-    const bool separatorRead =
-        GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, sizeof separator) != 0;
-    if (separatorRead)
-        std::strcpy(decimalSeparator, separator);
-
-    RegistryValue logFile;
-    const char* path = nullptr;
-    if (CRegistry(HKEY_LOCAL_MACHINE).QueryValue(GetRegistryRoot(), "DebugOutputFile", &logFile) &&
-        logFile.AsString(&path))
-        SetLogFile(path);
-    return separatorRead;
-}
-
 std::string GetLocaleFolder() {
-    return LocaleFolderOf(Installation().gui);
+    return LocaleFolder(Installation().gui);
 }
 
 std::string DetermineInterfaceLanguage() {
@@ -107,6 +72,10 @@ std::string DetermineInterfaceLanguage() {
     return ChooseInterfaceLanguage(GetUserDefaultLangID(), [&](std::string_view name) {
         return DirectoryExists(folder + std::string(name));
     });
+}
+
+void SetInterfaceLanguage(std::string language) noexcept {
+    Catalogue().language = std::move(language);
 }
 
 const std::string& InterfaceLanguage() noexcept {
@@ -121,14 +90,6 @@ std::string GetLocalizedMessage(const std::string& catalogId, const std::string&
     const std::optional<MessageTable>& table = TableOf(catalogId == "Features" ? autoFeatures : catalogId);
     const std::string* text = table ? table->Find(messageId) : nullptr;
     return text ? *text : messageId;
-}
-
-const char* DecimalSeparator() noexcept {
-    return decimalSeparator;
-}
-
-bool IsDecimalSeparator(char character) noexcept {
-    return character != '\0' && std::strchr(decimalSeparator, character);
 }
 
 }  // namespace nux

@@ -2,17 +2,10 @@
 
 #include <windows.h>
 
-#include <string_view>
-
+#include "environment/InstallationFiles.h"
 #include "framework/Handles.h"
 
 namespace nux {
-namespace {
-
-constexpr std::string_view fileScheme = "file://";
-
-}  // namespace
-
 bool FileExists(const std::string& path) noexcept {
     const UniqueFile file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -29,11 +22,8 @@ void CutClosingSeparator(std::string& path) noexcept {
 bool DirectoryExists(std::string path) noexcept {
     CutClosingSeparator(path);
     WIN32_FIND_DATAA found;
-    const HANDLE search = FindFirstFileA(path.c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return false;
-    FindClose(search);
-    return true;
+    const UniqueSearch search(FindFirstFileA(path.c_str(), &found));
+    return static_cast<bool>(search);
 }
 
 bool URLTargetExists(const std::string& url) noexcept {

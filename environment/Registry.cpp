@@ -73,6 +73,15 @@ bool CRegistry::GetDWORDValue(const std::string& keyPath, const std::string& nam
     return QueryValue(keyPath, name, &value) && value.AsNumber(number);
 }
 
+bool CRegistry::GetStringValue(const std::string& keyPath, const std::string& name, std::string* text) {
+    RegistryValue value;
+    const char* read = nullptr;
+    if (!QueryValue(keyPath, name, &value) || !value.AsString(&read))
+        return false;
+    *text = read;
+    return true;
+}
+
 bool CRegistry::GetBinaryValue(const std::string& keyPath, const std::string& name, void* buffer,
                                DWORD size) {
     RegistryValue value;

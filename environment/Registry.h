@@ -32,6 +32,8 @@ public:
     bool QueryValue(const std::string& keyPath, const std::string& name, RegistryValue* value);
     /// True if the value exists and is a number; otherwise `number` stays.
     bool GetDWORDValue(const std::string& keyPath, const std::string& name, DWORD* number);
+    /// True if the value exists and is a string; otherwise `text` stays. Throws std::bad_alloc.
+    bool GetStringValue(const std::string& keyPath, const std::string& name, std::string* text);
     /// True if the value exists, is binary and has exactly `size` bytes; otherwise the buffer stays.
     bool GetBinaryValue(const std::string& keyPath, const std::string& name, void* buffer, DWORD size);
 

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "environment/InstallationFiles.h"
 #include "environment/InstallationPaths.h"
-#include "framework/Automation.h"
 #include "framework/ProcessWide.h"
 
 namespace nux {
@@ -30,9 +30,21 @@ std::vector<CachedDocument>::iterator FindCached(const std::string& url) noexcep
                         [&](const CachedDocument& cached) { return cached.url == url; });
 }
 
-/// Whether the node has a string value, which then stands in `value`.
-bool ReadString(IXMLDOMNode* node, Variant& value) noexcept {
-    return SUCCEEDED(node->get_nodeTypedValue(value.Receive())) && value.IsString();
+/// An empty document that loads synchronously, or null.
+ComPtr<IXMLDOMDocument> NewDocument() noexcept {
+    ComPtr<IXMLDOMDocument> document;
+    if (SUCCEEDED(CreateObject(CLSID_DOMDocument30, document)))
+        document->put_async(VARIANT_FALSE);
+    return document;
+}
+
+/// Reads a file into the document. @return whether that succeeded
+bool Load(IXMLDOMDocument* document, const std::string& url) {
+    const Variant source(url);
+    if (SysStringLen(source.Text()) > longestUrl)
+        return false;
+    VARIANT_BOOL succeeded = VARIANT_FALSE;  // not looked at: the returned code decides
+    return document->load(source.Get(), &succeeded) == S_OK;
 }
 
 }  // namespace
@@ -45,18 +57,8 @@ bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document) {
         cached->document.CopyTo(document);
         return true;
     }
-    Variant source;
-    source.bstrVal = Bstr(url, CP_THREAD_ACP).Detach();
-    source.vt = VT_BSTR;
-    if (SysStringLen(source.bstrVal) > longestUrl)
-        return false;
-    ComPtr<IXMLDOMDocument> loaded;
-    if (FAILED(CoCreateInstance(CLSID_DOMDocument30, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
-                                loaded.ReceiveVoid())))
-        return false;
-    loaded->put_async(VARIANT_FALSE);
-    VARIANT_BOOL succeeded = VARIANT_FALSE;  // not looked at: the returned code decides
-    if (loaded->load(source, &succeeded) != S_OK)
+    ComPtr<IXMLDOMDocument> loaded = NewDocument();
+    if (!loaded || !Load(loaded.Get(), url))
         return false;
     KeepXMLDocument(url, loaded.Get());
     *document = loaded.Detach();
@@ -64,7 +66,23 @@ bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document) {
 }
 
 void KeepXMLDocument(const std::string& url, IXMLDOMDocument* document) {
-    Cache().push_back({url, ComPtr<IXMLDOMDocument>(document)});
+    Cache().push_back({url, document});
+}
+
+ComPtr<IXMLDOMDocument> MakeXMLDocument(const std::string& path, const wchar_t* root) {
+    const ComPtr<IXMLDOMDocument> document = NewDocument();
+    ComPtr<IXMLDOMElement> element;
+    if (!document || FAILED(document->createElement(Bstr(root).Get(), element.Receive())) ||
+        FAILED(document->appendChild(element.Get(), nullptr)))
+        return nullptr;
+    // To the path and not to the URL: Wine 8.0 doesn't save to one (DimensionDocumentTest.MakesTheFile).
+    const Variant target(path);
+    document->save(target.Get());
+    const std::string url = FileURL(path);
+    if (!Load(document.Get(), url))
+        return nullptr;
+    KeepXMLDocument(url, document.Get());
+    return document;
 }
 
 void ForgetXMLDocument(const std::string& url) {
@@ -83,7 +101,11 @@ ComPtr<IXMLDOMNode> GetRootNode(IXMLDOMDocument* document) noexcept {
     ComPtr<IXMLDOMElement> root;
     if (document->get_documentElement(root.Receive()) != S_OK)
         return nullptr;
-    return root.As<IXMLDOMNode>(IID_IXMLDOMNode);
+    return root.As<IXMLDOMNode>();
+}
+
+bool ReadString(IXMLDOMNode* node, Variant& value) noexcept {
+    return SUCCEEDED(node->get_nodeTypedValue(value.Receive())) && value.IsString();
 }
 
 std::string GetNodeText(IXMLDOMNode* node) {
@@ -92,19 +114,26 @@ std::string GetNodeText(IXMLDOMNode* node) {
     Variant value;
     if (!ReadString(node, value))
         return {};
-    std::string text = Narrow(value.bstrVal);
-    text.resize(std::min<std::size_t>(text.size(), SysStringLen(value.bstrVal)));
+    std::string text = Narrow(value.Text());
+    text.resize(std::min<std::size_t>(text.size(), SysStringLen(value.Text())));
     text.resize(std::min(text.size(), text.find('\0')));
     return text;
 }
 
+std::string GetWholeNodeText(IXMLDOMNode* node, UINT codePage) {
+    Variant value;
+    return node && ReadString(node, value) ? Narrow(value.Text(), codePage) : std::string();
+}
+
+ComPtr<IXMLDOMNode> SelectNode(IXMLDOMNode* node, const char* expression) {
+    ComPtr<IXMLDOMNode> selected;
+    if (!node || node->selectSingleNode(Bstr(expression, CP_THREAD_ACP).Get(), selected.Receive()) != S_OK)
+        return nullptr;
+    return selected;
+}
+
 std::string GetChildNodeText(IXMLDOMNode* node, const char* expression) {
-    if (!node)
-        return {};
-    ComPtr<IXMLDOMNode> child;
-    if (node->selectSingleNode(Bstr(expression, CP_THREAD_ACP).Get(), child.Receive()) != S_OK)
-        return {};
-    return GetNodeText(child.Get());
+    return GetNodeText(SelectNode(node, expression).Get());
 }
 
 std::string GetNodeAttribute(IXMLDOMNode* node, const char* name) {
@@ -116,27 +145,69 @@ std::string GetNodeAttribute(IXMLDOMNode* node, const char* name) {
     ComPtr<IXMLDOMNode> attribute;
     if (FAILED(attributes->getNamedItem(Bstr(name, CP_THREAD_ACP).Get(), attribute.Receive())) || !attribute)
         return {};
-    Variant value;
-    return ReadString(attribute.Get(), value) ? Narrow(value.bstrVal) : std::string();
+    return GetWholeNodeText(attribute.Get());
 }
 
 ComPtr<IXMLDOMNode> FindComponentNode(const std::string& catalogId, const std::string& componentId) {
     ComPtr<IXMLDOMDocument> document;
-    if (!LoadXMLDocument("file://" + GetCatalogFolder(catalogId) + "Catalog.xml", document.Receive()))
+    if (!LoadXMLDocument(CatalogURL(GetCatalogFolder(catalogId)), document.Receive()))
         return nullptr;
     const ComPtr<IXMLDOMNode> root = GetRootNode(document.Get());
     if (!root)
         return nullptr;
     // The ID goes into the expression as it stands. One that would end the literal early makes an expression
     // that is not well formed, which selects nothing and which not every DOM survives.
-    constexpr std::string_view endOfLiteral("'\0", 2);
-    if (componentId.find_first_of(endOfLiteral) != std::string::npos)
+    // The ID is widened by itself: one that ends in half a double-byte character would take the literal's end
+    // along.
+    const std::wstring wideId = Widen(componentId);
+    constexpr std::wstring_view endOfLiteral(L"'\0", 2);
+    if (wideId.find_first_of(endOfLiteral) != std::wstring::npos)
         return nullptr;
     ComPtr<IXMLDOMNode> part;
-    const Bstr expression("//Part[ID='" + componentId + "']", CP_THREAD_ACP);
+    const Bstr expression(L"//Part[ID='" + wideId + L"']");
     if (root->selectSingleNode(expression.Get(), part.Receive()) != S_OK)
         return nullptr;
     return part;
+}
+
+bool IsNamed(IXMLDOMNode* node, std::wstring_view name) noexcept {
+    Bstr found;
+    return node->get_nodeName(found.Receive()) == S_OK && found.View() == name;
+}
+
+bool IsElement(IXMLDOMNode* node, std::wstring_view name) noexcept {
+    DOMNodeType type = NODE_INVALID;
+    return IsNamed(node, name) && SUCCEEDED(node->get_nodeType(&type)) && type == NODE_ELEMENT;
+}
+
+bool ReadAttribute(IXMLDOMElement* element, const Bstr& name, Variant& value) noexcept {
+    if (element->getAttribute(name.Get(), value.Receive()) == S_OK && value.Type() != VT_NULL)
+        return true;
+    // By its whole name, prefix included, getAttribute need not find one.
+    ComPtr<IXMLDOMNamedNodeMap> attributes;
+    if (name.View().find(L':') == std::wstring_view::npos ||
+        element->get_attributes(attributes.Receive()) != S_OK || !attributes)
+        return false;
+    attributes->reset();
+    ComPtr<IXMLDOMNode> attribute;
+    while (attributes->nextNode(attribute.Receive()) == S_OK && attribute) {
+        if (IsNamed(attribute.Get(), name.View())) {
+            ReadString(attribute.Get(), value);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ReadChildElement(IXMLDOMNode* node, std::wstring_view name, Variant& value) noexcept {
+    bool found = false;
+    ForEachChild(node, [&](IXMLDOMNode* child, IXMLDOMNode*) {
+        found = IsElement(child, name);
+        if (found)
+            ReadString(child, value);
+        return !found;
+    });
+    return found;
 }
 
 }  // namespace nux

@@ -5,8 +5,11 @@
 #include <msxml2.h>
 
 #include <string>
+#include <string_view>
 
 #include "framework/ComPtr.h"
+#include "framework/Text.h"
+#include "framework/Variant.h"
 
 namespace nux {
 
@@ -24,6 +27,11 @@ bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document);
 /// Enters a document that was made in memory under its URL, behind those that are kept already.
 void KeepXMLDocument(const std::string& url, IXMLDOMDocument* document);
 
+/// Makes a document with an empty root element, saves it as a file, loads it from there and keeps it. A file
+/// that can't be saved is loaded all the same: what stands there counts.
+/// @return null if it can't be made or loaded
+ComPtr<IXMLDOMDocument> MakeXMLDocument(const std::string& path, const wchar_t* root);
+
 /// The next load of this URL reads its file again. The reference of the forgotten document is left
 /// unreleased on purpose: a script that edits it may hold nothing but a pointer into it.
 void ForgetXMLDocument(const std::string& url);
@@ -34,12 +42,21 @@ void ClearXMLDocumentCache() noexcept;
 /// The root element of a document as a node, or null.
 ComPtr<IXMLDOMNode> GetRootNode(IXMLDOMDocument* document) noexcept;
 
+/// Whether the node has a string value, which then stands in `value`.
+bool ReadString(IXMLDOMNode* node, Variant& value) noexcept;
+
 /// The string value of a node, or empty for a null node or a value that is no string. It is cut after as many
 /// bytes as the value has characters, also where a double-byte code page needs more: callers rely on a result
 /// that is never longer than the text.
 std::string GetNodeText(IXMLDOMNode* node);
 
-/// GetNodeText of the first node that `expression`, a well-formed selection relative to the node, selects.
+/// The whole string value of a node in the given code page, or empty.
+std::string GetWholeNodeText(IXMLDOMNode* node, UINT codePage = CP_THREAD_ACP);
+
+/// The first node that `expression`, a well-formed selection relative to the node, selects, or null.
+ComPtr<IXMLDOMNode> SelectNode(IXMLDOMNode* node, const char* expression);
+
+/// GetNodeText of what SelectNode finds.
 std::string GetChildNodeText(IXMLDOMNode* node, const char* expression);
 
 /// The whole string value of an attribute, or empty.
@@ -48,5 +65,49 @@ std::string GetNodeAttribute(IXMLDOMNode* node, const char* name);
 /// The first `Part` element, at any depth of the catalogue's "Catalog.xml", whose child `ID` has this text.
 /// @return null if the catalogue can't be loaded, has no such part, or the ID holds an apostrophe
 ComPtr<IXMLDOMNode> FindComponentNode(const std::string& catalogId, const std::string& componentId);
+
+// Walks. They find what the DOM's own selection language finds, which goes by whole node names (a default
+// namespace makes no difference; it would for a document that its page has switched to XPath); the cost is a
+// tenth, and a name that makes no well-formed expression, which Wine 8.0 does not survive, just finds
+// nothing.
+
+/// Whether the node has this name, prefix and all.
+bool IsNamed(IXMLDOMNode* node, std::wstring_view name) noexcept;
+
+/// Whether the node is an element of this name.
+bool IsElement(IXMLDOMNode* node, std::wstring_view name) noexcept;
+
+/// Reads an attribute. One that is no string leaves `value` as another type. @return false if there is none
+bool ReadAttribute(IXMLDOMElement* element, const Bstr& name, Variant& value) noexcept;
+
+/// Reads the value of the first child element of this name. @return false if there is none
+bool ReadChildElement(IXMLDOMNode* node, std::wstring_view name, Variant& value) noexcept;
+
+/// Visits the nodes of a list, which may be null, from its start.
+/// @param visit  given an IXMLDOMNode*, answers whether to go on
+template <class Visit>
+void ForEachNode(IXMLDOMNodeList* nodes, Visit&& visit) {
+    if (!nodes)
+        return;
+    nodes->reset();
+    ComPtr<IXMLDOMNode> node;
+    while (nodes->nextNode(node.Receive()) == S_OK && node && visit(node.Get())) {
+    }
+}
+
+/// Visits the children of a node in the same way.
+/// @param visit  given an IXMLDOMNode* and the one right behind it, which may be null
+template <class Visit>
+void ForEachChild(IXMLDOMNode* node, Visit&& visit) {
+    ComPtr<IXMLDOMNode> child;
+    HRESULT found = node->get_firstChild(child.Receive());
+    while (found == S_OK && child) {
+        ComPtr<IXMLDOMNode> next;
+        found = child->get_nextSibling(next.Receive());
+        if (!visit(child.Get(), next.Get()))
+            return;
+        child = std::move(next);
+    }
+}
 
 }  // namespace nux

@@ -6,12 +6,13 @@
 
 #include "framework/ComObject.h"
 #include "framework/HResult.h"
+#include "framework/Implements.h"
 
 namespace nux {
 
 /// Class factory of `Class`. Its objects can't be aggregated.
 template <class Class>
-class ClassFactory : public IClassFactory {
+class ClassFactory : public Implements<IClassFactory> {
 public:
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
         if (!object)
@@ -25,11 +26,6 @@ public:
     STDMETHODIMP LockServer(BOOL lock) override {
         CountLiveObject(lock != FALSE);
         return S_OK;
-    }
-
-protected:
-    void* FindInterface(REFIID iid) noexcept {
-        return iid == IID_IClassFactory || iid == IID_IUnknown ? static_cast<IClassFactory*>(this) : nullptr;
     }
 };
 

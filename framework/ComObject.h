@@ -9,10 +9,10 @@
 namespace nux {
 
 /// Gives `Class` its identity: a reference count that starts at 0, QueryInterface, and a place in the count
-/// of live objects. `Class` derives from its interfaces and answers
+/// of live objects. `Class` says its interfaces by deriving from Implements; one with several lists joins
+/// them in
 ///     void* FindInterface(REFIID iid) noexcept;
-/// with the pointer for each interface that it offers, IUnknown included, or null. A class that talks to
-/// others at its end may have
+/// A class that talks to others at its end may have
 ///     void OnLastRelease() noexcept;
 /// which runs while the object can still be handed out; in its destructor it no longer can.
 template <class Class>

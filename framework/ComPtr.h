@@ -4,7 +4,10 @@
 
 #include <ole2.h>
 
+#include <concepts>
 #include <utility>
+
+#include "framework/InterfaceId.h"
 
 namespace nux {
 
@@ -22,6 +25,13 @@ public:
     }
     ComPtr(const ComPtr& other) noexcept : ComPtr(other.object_) {}
     ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+    /// A pointer to a class or interface is one to its bases.
+    template <class Derived>
+    requires std::convertible_to<Derived*, Interface*> ComPtr(const ComPtr<Derived>& other)
+    noexcept : ComPtr(static_cast<Interface*>(other.Get())) {}
+    template <class Derived>
+    requires std::convertible_to<Derived*, Interface*> ComPtr(ComPtr<Derived>&& other)
+    noexcept : object_(other.Detach()) {}
     ComPtr& operator=(ComPtr other) noexcept {
         std::swap(object_, other.object_);
         return *this;
@@ -56,9 +66,7 @@ public:
 
     /// Another interface of the same object, or null if it does not offer it.
     template <class Other>
-    ComPtr<Other> As(REFIID iid) const noexcept {
-        return QueryFor<Other>(object_, iid);
-    }
+    ComPtr<Other> As() const noexcept;
 
     /// Stores a further reference (or null) in a caller's out argument.
     template <class Target>
@@ -68,22 +76,37 @@ public:
         *target = object_;
     }
 
-    template <class Other>
-    static ComPtr<Other> QueryFor(IUnknown* object, REFIID iid) noexcept {
-        ComPtr<Other> result;
-        if (object && FAILED(object->QueryInterface(iid, result.ReceiveVoid())))
-            (void)result.Detach();  // a failed query owns nothing, whatever it left in the out argument
-        return result;
-    }
-
 private:
     Interface* object_ = nullptr;
 };
 
-/// `iid` of `object`, or null if `object` is null or does not offer it.
+/// An interface of `object`, or null if `object` is null or does not offer it.
+/// @param iid  what is asked for; what comes back must be usable as `Interface`
 template <class Interface>
-ComPtr<Interface> Query(IUnknown* object, REFIID iid) noexcept {
-    return ComPtr<Interface>::template QueryFor<Interface>(object, iid);
+ComPtr<Interface> Query(IUnknown* object, REFIID iid = IdOf<Interface>()) noexcept {
+    ComPtr<Interface> result;
+    if (object && FAILED(object->QueryInterface(iid, result.ReceiveVoid())))
+        (void)result.Detach();  // a failed query owns nothing, whatever it left in the out argument
+    return result;
+}
+
+template <class Interface>
+template <class Other>
+ComPtr<Other> ComPtr<Interface>::As() const noexcept {
+    return Query<Other>(object_);
+}
+
+/// A new object of a registered class.
+/// @param context  CLSCTX_ flags
+/// @return S_OK, or the platform's failure with `object` null
+template <class Interface>
+HRESULT CreateObject(REFCLSID classId, ComPtr<Interface>& object,
+                     DWORD context = CLSCTX_INPROC_SERVER) noexcept {
+    const HRESULT result =
+        CoCreateInstance(classId, nullptr, context, IdOf<Interface>(), object.ReceiveVoid());
+    if (FAILED(result))
+        (void)object.Detach();
+    return result;
 }
 
 }  // namespace nux

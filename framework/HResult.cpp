@@ -2,6 +2,11 @@
 
 namespace nux {
 
+HRESULT LastFailure() noexcept {
+    const DWORD error = GetLastError();
+    return error ? HRESULT_FROM_WIN32(error) : E_FAIL;
+}
+
 HRESULT CodeOfCurrentException() noexcept {
     try {
         throw;

@@ -18,6 +18,9 @@ private:
     HRESULT code_;
 };
 
+/// The failure that the platform's last call has left, E_FAIL if it told none.
+HRESULT LastFailure() noexcept;
+
 /// Raises `result` if it is a failure.
 inline void ThrowIfFailed(HRESULT result) {
     if (FAILED(result))

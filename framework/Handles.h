@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <ole2.h>
 
 #include <utility>
 
@@ -70,10 +71,58 @@ struct MenuTraits {
     static void Close(Type handle) noexcept { DestroyMenu(handle); }
 };
 
+struct SearchTraits {
+    using Type = HANDLE;
+    static Type Empty() noexcept { return INVALID_HANDLE_VALUE; }
+    static void Close(Type handle) noexcept { FindClose(handle); }
+};
+
+struct HookTraits {
+    using Type = HHOOK;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { UnhookWindowsHookEx(handle); }
+};
+
+/// Bitmaps, regions and other objects to draw with, which must not be selected any more.
+template <class Handle>
+struct DrawingTraits {
+    using Type = Handle;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DeleteObject(handle); }
+};
+
+/// A device context of memory; one of a window is a WindowContext.
+struct MemoryContextTraits {
+    using Type = HDC;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DeleteDC(handle); }
+};
+
+struct SafeArrayTraits {
+    using Type = SAFEARRAY*;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type array) noexcept { SafeArrayDestroy(array); }
+};
+
+/// Memory that crosses the boundary of a module.
+template <class Element>
+struct TaskMemoryTraits {
+    using Type = Element*;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type memory) noexcept { CoTaskMemFree(memory); }
+};
+
 using UniqueFile = UniqueHandle<FileTraits>;
 using UniqueKey = UniqueHandle<KeyTraits>;
 using UniqueIcon = UniqueHandle<IconTraits>;
 using UniqueImageList = UniqueHandle<ImageListTraits>;
 using UniqueMenu = UniqueHandle<MenuTraits>;
+using UniqueSearch = UniqueHandle<SearchTraits>;
+using UniqueHook = UniqueHandle<HookTraits>;
+using UniqueRegion = UniqueHandle<DrawingTraits<HRGN>>;
+using UniqueBitmap = UniqueHandle<DrawingTraits<HBITMAP>>;
+using UniqueMemoryContext = UniqueHandle<MemoryContextTraits>;
+using UniqueSafeArray = UniqueHandle<SafeArrayTraits>;
+using UniqueTaskText = UniqueHandle<TaskMemoryTraits<wchar_t>>;
 
 }  // namespace nux

@@ -45,8 +45,7 @@ HRESULT ApplyRegistryScript(UINT resource, bool add) noexcept {
     const ComSession session;
     return Guarded([&]() -> HRESULT {
         ComPtr<IRegistrar> registrar;
-        ThrowIfFailed(CoCreateInstance(CLSID_Registrar, nullptr, CLSCTX_INPROC_SERVER, IID_IRegistrar,
-                                       registrar.ReceiveVoid()));
+        ThrowIfFailed(CreateObject(CLSID_Registrar, registrar));
         const std::wstring path = ThisModulePath();
         ThrowIfFailed(registrar->AddReplacement(L"MODULE", Quoted(path).c_str()));
         return add ? registrar->ResourceRegister(path.c_str(), resource, L"REGISTRY")

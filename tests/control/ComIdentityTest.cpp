@@ -14,6 +14,7 @@
 
 #include "tests/control/Component.h"
 #include "tests/control/ControlSinks.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
@@ -44,13 +45,13 @@ const std::vector<std::pair<const char*, IID>> offered{
     {"IConnectionPointContainer", IID_IConnectionPointContainer}};
 
 ComPtr<IUnknown> Ask(const ComPtr<IUnknown>& object, REFIID iid) {
-    return object.As<IUnknown>(iid);
+    return Query<IUnknown>(object.Get(), iid);
 }
 
 using ComIdentity = PartsTest;
 
 TEST_F(ComIdentity, EveryInterfaceLeadsToEveryOtherAndBack) {
-    const ComPtr<IUnknown> identity = parts.As<IUnknown>(IID_IUnknown);
+    const ComPtr<IUnknown> identity = parts.As<IUnknown>();
     for (const auto& [name, iid] : offered) {
         SCOPED_TRACE(name);
         const ComPtr<IUnknown> one = Ask(identity, iid);
@@ -68,7 +69,7 @@ TEST_F(ComIdentity, EveryInterfaceLeadsToEveryOtherAndBack) {
 TEST_F(ComIdentity, QueriesAreCounted) {
     const ULONG before = References(parts.Get());
     for (const auto& [name, iid] : offered) {
-        const ComPtr<IUnknown> one = Ask(parts.As<IUnknown>(IID_IUnknown), iid);
+        const ComPtr<IUnknown> one = Ask(parts.As<IUnknown>(), iid);
         EXPECT_EQ(before + 1, References(parts.Get())) << name;
     }
     EXPECT_EQ(before, References(parts.Get()));
@@ -87,28 +88,28 @@ TEST_F(ComIdentity, WhatIsNotOfferedIsRefusedWithNull) {
 TEST_F(ComIdentity, TheDataManagerIsAnObjectOfItsOwn) {
     ComPtr<IDispatch> data;
     parts->get_DataManager(data.Receive());
-    const ComPtr<IUnknown> identity = data.As<IUnknown>(IID_IUnknown);
-    EXPECT_NE(identity.Get(), parts.As<IUnknown>(IID_IUnknown).Get());
+    const ComPtr<IUnknown> identity = data.As<IUnknown>();
+    EXPECT_NE(identity.Get(), parts.As<IUnknown>().Get());
     for (const IID& iid : {IID_IUnknown, IID_IDispatch, IID_InuxDataManager}) {
         const ComPtr<IUnknown> one = Ask(identity, iid);
         ASSERT_TRUE(one);
         EXPECT_EQ(identity.Get(), Ask(one, IID_IUnknown).Get());
     }
-    EXPECT_FALSE(data.As<IUnknown>(IID_InuxStdParts));
+    EXPECT_FALSE(data.As<InuxStdParts>());
 }
 
 TEST_F(ComIdentity, TheSinkOfBrowserEventsIsAnObjectOfItsOwnThatKeepsTheControlAlive) {
-    auto sink = parts.As<IDispatch>(DIID_DWebBrowserEvents2);
+    auto sink = parts.As<DWebBrowserEvents2>();
     ASSERT_TRUE(sink);
-    const ComPtr<IUnknown> identity = sink.As<IUnknown>(IID_IUnknown);
-    EXPECT_NE(identity.Get(), parts.As<IUnknown>(IID_IUnknown).Get());
+    const ComPtr<IUnknown> identity = sink.As<IUnknown>();
+    EXPECT_NE(identity.Get(), parts.As<IUnknown>().Get());
     for (const IID& iid : {IID_IUnknown, IID_IDispatch, DIID_DWebBrowserEvents2}) {
-        const ComPtr<IUnknown> one = sink.As<IUnknown>(iid);
+        const ComPtr<IUnknown> one = Query<IUnknown>(sink.Get(), iid);
         ASSERT_TRUE(one);
-        EXPECT_EQ(identity.Get(), one.As<IUnknown>(IID_IUnknown).Get());
-        EXPECT_TRUE(one.As<IUnknown>(DIID_DWebBrowserEvents2));
+        EXPECT_EQ(identity.Get(), one.As<IUnknown>().Get());
+        EXPECT_TRUE(one.As<DWebBrowserEvents2>());
     }
-    EXPECT_FALSE(sink.As<IUnknown>(IID_InuxStdParts)) << "its IDispatch is not the control's";
+    EXPECT_FALSE(sink.As<InuxStdParts>()) << "its IDispatch is not the control's";
     void* out = parts.Get();
     EXPECT_EQ(E_NOINTERFACE, sink->QueryInterface(IID_IOleObject, &out));
     EXPECT_EQ(nullptr, out);
@@ -116,7 +117,7 @@ TEST_F(ComIdentity, TheSinkOfBrowserEventsIsAnObjectOfItsOwnThatKeepsTheControlA
     UINT count = 9;
     EXPECT_EQ(S_OK, sink->GetTypeInfoCount(&count));
     EXPECT_EQ(0u, count);
-    Variant argument;
+    RawVariant argument;
     DISPPARAMS parameters{&argument, nullptr, 1, 0};
     for (const DISPID event : {DISPID{DISPID_BEFORENAVIGATE2}, DISPID{DISPID_DOCUMENTCOMPLETE},
                                DISPID{DISPID_NAVIGATECOMPLETE2}, DISPID{DISPID_ONQUIT}, DISPID{12345}})
@@ -133,7 +134,7 @@ class Connections : public PartsTest {
 protected:
     void SetUp() override {
         PartsTest::SetUp();
-        container = parts.As<IConnectionPointContainer>(IID_IConnectionPointContainer);
+        container = parts.As<IConnectionPointContainer>();
         ASSERT_TRUE(container);
     }
     void TearDown() override {
@@ -177,7 +178,7 @@ TEST_F(Connections, SinksAreHeldAndNothingIsEverFired) {
     EXPECT_EQ(2u, References(properties.Get()));
     parts->put_UserData(Bstr(L"changed").Get());
     parts->put_Initialised(1);
-    Variant none;
+    RawVariant none;
     ComPtr<IDispatch> row;
     parts->ChooseDimensions(nullptr, nullptr, nullptr, none, none, none, row.Receive());
     EXPECT_EQ(0, events->events);
@@ -209,7 +210,7 @@ TEST_F(Connections, APointBelongsToItsContainer) {
     ComPtr<IConnectionPointContainer> owner;
     EXPECT_EQ(S_OK, point->GetConnectionPointContainer(owner.Receive()));
     EXPECT_EQ(container.Get(), owner.Get());
-    EXPECT_FALSE(point.As<IUnknown>(IID_InuxStdParts));
+    EXPECT_FALSE(point.As<InuxStdParts>());
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 #include <string>
 
-#include "framework/Automation.h"
 #include "framework/ComPtr.h"
+#include "framework/Text.h"
 #include "nuxStdPartsAX.h"
 
 namespace nux {

@@ -89,8 +89,8 @@ TEST_F(ConnectionPointTest, IsNullForAnInterfaceThatIsNotOutgoing) {
 }
 
 TEST_F(ConnectionPointTest, HasAnIdentityApartFromItsContainer) {
-    EXPECT_TRUE(point_.As<IUnknown>(IID_IUnknown));
-    EXPECT_TRUE(point_.As<IConnectionPoint>(IID_IConnectionPoint));
+    EXPECT_TRUE(point_.As<IUnknown>());
+    EXPECT_TRUE(point_.As<IConnectionPoint>());
     void* found = point_.Get();
     EXPECT_EQ(E_NOINTERFACE, point_->QueryInterface(IID_IConnectionPointContainer, &found));
     EXPECT_EQ(nullptr, found);

@@ -17,8 +17,8 @@ protected:
         frame = CreateWindowExA(0, "STATIC", "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 400, 300,
                                 nullptr, nullptr, nullptr, nullptr);
         site = MakeObject<ControlSite>(frame);
-        object = parts.As<IOleObject>(IID_IOleObject);
-        inPlace = parts.As<IOleInPlaceObjectWindowless>(IID_IOleInPlaceObjectWindowless);
+        object = parts.As<IOleObject>();
+        inPlace = parts.As<IOleInPlaceObjectWindowless>();
         EXPECT_EQ(S_OK, object->SetClientSite(site.Get()));
     }
 
@@ -278,10 +278,10 @@ TEST_F(ControlActivation, ASiteMayLetGoOfItWhileItIsCalled) {
         EXPECT_EQ(S_OK, ModuleCanUnload());
         EXPECT_EQ(1u, References(static_cast<IOleClientSite*>(site.Get())));
         parts = CreateParts();
-        object = parts.As<IOleObject>(IID_IOleObject);
+        object = parts.As<IOleObject>();
         object->SetClientSite(site.Get());
     }
-    inPlace = parts.As<IOleInPlaceObjectWindowless>(IID_IOleInPlaceObjectWindowless);
+    inPlace = parts.As<IOleInPlaceObjectWindowless>();
 }
 
 }  // namespace

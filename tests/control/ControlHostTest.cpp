@@ -97,7 +97,7 @@ TEST_F(ControlInThePlatformsHost, IsMadeByProgIdAndIsTheAutomationObject) {
     const HWND host = CreateHost();
     const ComPtr<IUnknown> control = ControlIn(host);
     ASSERT_TRUE(control);
-    const auto parts = control.As<InuxStdParts>(IID_InuxStdParts);
+    const auto parts = control.As<InuxStdParts>();
     ASSERT_TRUE(parts);
     EXPECT_EQ(S_OK, parts->put_UserData(Bstr(L"hosted").Get()));
     EXPECT_EQ(L"hosted", ReadText(parts, &InuxStdParts::get_UserData));
@@ -113,7 +113,7 @@ TEST_F(ControlInThePlatformsHost, HasAWindowOfItsOwnThatFillsTheHost) {
     EXPECT_EQ(200, ClientSize(window).cx);
     EXPECT_EQ(100, ClientSize(window).cy);
 
-    const auto inPlace = ControlIn(host).As<IOleInPlaceObject>(IID_IOleInPlaceObject);
+    const auto inPlace = ControlIn(host).As<IOleInPlaceObject>();
     HWND told = nullptr;
     EXPECT_EQ(S_OK, inPlace->GetWindow(&told));
     EXPECT_EQ(window, told);
@@ -131,7 +131,7 @@ TEST_F(ControlInThePlatformsHost, FollowsTheSizeOfTheHost) {
 
 TEST_F(ControlInThePlatformsHost, IsGivenASiteAndKeepsIt) {
     const HWND host = CreateHost();
-    const auto object = ControlIn(host).As<IOleObject>(IID_IOleObject);
+    const auto object = ControlIn(host).As<IOleObject>();
     ComPtr<IOleClientSite> site;
     EXPECT_EQ(S_OK, object->GetClientSite(site.Receive()));
     EXPECT_TRUE(site);
@@ -150,8 +150,8 @@ TEST_F(ControlInThePlatformsHost, ShowsTheColourOfWindows) {
 
 TEST_F(ControlInThePlatformsHost, TakesTheFocusAndGivesItUp) {
     const HWND host = CreateHost();
-    const auto object = ControlIn(host).As<IOleObject>(IID_IOleObject);
-    const auto inPlace = object.As<IOleInPlaceObject>(IID_IOleInPlaceObject);
+    const auto object = ControlIn(host).As<IOleObject>();
+    const auto inPlace = object.As<IOleInPlaceObject>();
     ComPtr<IOleClientSite> site;
     object->GetClientSite(site.Receive());
     EXPECT_EQ(S_OK, object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, site.Get(), 0, host, nullptr));
@@ -163,7 +163,7 @@ TEST_F(ControlInThePlatformsHost, TakesTheFocusAndGivesItUp) {
 TEST_F(ControlInThePlatformsHost, IsHiddenAndShownByItsVerbs) {
     const HWND host = CreateHost();
     const HWND window = FindControlWindow(host);
-    const auto object = ControlIn(host).As<IOleObject>(IID_IOleObject);
+    const auto object = ControlIn(host).As<IOleObject>();
     EXPECT_EQ(S_OK, object->DoVerb(OLEIVERB_HIDE, nullptr, nullptr, 0, host, nullptr));
     EXPECT_FALSE(IsWindowVisible(window));
     EXPECT_EQ(S_OK, object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, host, nullptr));
@@ -176,9 +176,9 @@ TEST_F(ControlInThePlatformsHost, IsSavedToAStreamAndMadeFromItAgain) {
     ULONGLONG length = 0;
     {
         const HWND host = CreateHost();
-        const auto object = ControlIn(host).As<IOleObject>(IID_IOleObject);
+        const auto object = ControlIn(host).As<IOleObject>();
         EXPECT_EQ(S_OK, object->SetExtent(DVASPECT_CONTENT, &saved));
-        const auto persist = object.As<IPersistStreamInit>(IID_IPersistStreamInit);
+        const auto persist = object.As<IPersistStreamInit>();
         EXPECT_EQ(S_OK, persist->IsDirty());
         EXPECT_EQ(S_OK, persist->Save(stream.Get(), TRUE));
         EXPECT_EQ(S_FALSE, persist->IsDirty());
@@ -198,9 +198,9 @@ TEST_F(ControlInThePlatformsHost, IsSavedToAStreamAndMadeFromItAgain) {
     const ComPtr<IUnknown> control = ControlIn(host);
     ASSERT_TRUE(control);
     Rewind(stream);
-    EXPECT_EQ(S_OK, control.As<IPersistStreamInit>(IID_IPersistStreamInit)->Load(stream.Get()));
+    EXPECT_EQ(S_OK, control.As<IPersistStreamInit>()->Load(stream.Get()));
     SIZEL loaded{};
-    EXPECT_EQ(S_OK, control.As<IOleObject>(IID_IOleObject)->GetExtent(DVASPECT_CONTENT, &loaded));
+    EXPECT_EQ(S_OK, control.As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &loaded));
     EXPECT_EQ(saved.cx, loaded.cx);
     EXPECT_EQ(saved.cy, loaded.cy);
 }
@@ -208,7 +208,7 @@ TEST_F(ControlInThePlatformsHost, IsSavedToAStreamAndMadeFromItAgain) {
 TEST_F(ControlInThePlatformsHost, ClosingTakesItsWindowAway) {
     const HWND host = CreateHost();
     const HWND window = FindControlWindow(host);
-    const auto object = ControlIn(host).As<IOleObject>(IID_IOleObject);
+    const auto object = ControlIn(host).As<IOleObject>();
     EXPECT_EQ(S_OK, object->Close(OLECLOSE_NOSAVE));
     EXPECT_FALSE(IsWindow(window));
     EXPECT_EQ(S_OK, object->Close(OLECLOSE_NOSAVE)) << "twice";
@@ -217,7 +217,7 @@ TEST_F(ControlInThePlatformsHost, ClosingTakesItsWindowAway) {
 TEST_F(ControlInThePlatformsHost, TheEndOfTheHostClosesItAndTheObjectLivesOnForWhoHoldsIt) {
     const HWND host = CreateHost();
     const HWND window = FindControlWindow(host);
-    const auto parts = ControlIn(host).As<InuxStdParts>(IID_InuxStdParts);
+    const auto parts = ControlIn(host).As<InuxStdParts>();
     EXPECT_TRUE(DestroyWindow(host));
     EXPECT_FALSE(IsWindow(window));
     EXPECT_EQ(S_FALSE, ModuleCanUnload());

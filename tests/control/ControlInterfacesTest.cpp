@@ -19,16 +19,16 @@ constexpr DWORD miscStatus = 131473;
 class ControlInterfaces : public PartsTest {
 protected:
     template <class Interface>
-    ComPtr<Interface> As(REFIID iid) {
-        const ComPtr<Interface> found = parts.As<Interface>(iid);
+    ComPtr<Interface> As() {
+        const ComPtr<Interface> found = parts.As<Interface>();
         EXPECT_TRUE(found);
         return found;
     }
 };
 
 TEST_F(ControlInterfaces, TheExtentIsSavedAndLoadedThroughAStream) {
-    const auto object = As<IOleObject>(IID_IOleObject);
-    const auto persist = As<IPersistStreamInit>(IID_IPersistStreamInit);
+    const auto object = As<IOleObject>();
+    const auto persist = As<IPersistStreamInit>();
     CLSID classId{};
     EXPECT_EQ(S_OK, persist->GetClassID(&classId));
     EXPECT_EQ(CLSID_nuxStdParts, classId);
@@ -53,16 +53,16 @@ TEST_F(ControlInterfaces, TheExtentIsSavedAndLoadedThroughAStream) {
 
     const ComPtr<InuxStdParts> other = CreateParts();
     stream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr);
-    EXPECT_EQ(S_OK, other.As<IPersistStreamInit>(IID_IPersistStreamInit)->Load(stream.Get()));
+    EXPECT_EQ(S_OK, other.As<IPersistStreamInit>()->Load(stream.Get()));
     SIZEL loaded{};
-    EXPECT_EQ(S_OK, other.As<IOleObject>(IID_IOleObject)->GetExtent(DVASPECT_CONTENT, &loaded));
+    EXPECT_EQ(S_OK, other.As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &loaded));
     EXPECT_EQ(1000, loaded.cx);
     EXPECT_EQ(2000, loaded.cy);
 }
 
 TEST_F(ControlInterfaces, AStreamOfSomethingElseIsRefusedAndTheExtentStays) {
-    const auto object = As<IOleObject>(IID_IOleObject);
-    const auto persist = As<IPersistStreamInit>(IID_IPersistStreamInit);
+    const auto object = As<IOleObject>();
+    const auto persist = As<IPersistStreamInit>();
     SIZEL size{1000, 2000};
     object->SetExtent(DVASPECT_CONTENT, &size);
     const DWORD otherVersion[] = {2, 5, 5};
@@ -89,10 +89,10 @@ TEST_F(ControlInterfaces, TheExtentIsSavedAndLoadedThroughAStorage) {
     ASSERT_EQ(S_OK,
               StgCreateDocfileOnILockBytes(bytes.Get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
                                            0, storage.Receive()));
-    const auto persist = As<IPersistStorage>(IID_IPersistStorage);
+    const auto persist = As<IPersistStorage>();
     EXPECT_EQ(S_OK, persist->InitNew(storage.Get()));
     SIZEL size{300, 400};
-    As<IOleObject>(IID_IOleObject)->SetExtent(DVASPECT_CONTENT, &size);
+    As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
     EXPECT_EQ(S_OK, persist->IsDirty());
     EXPECT_EQ(S_OK, persist->Save(storage.Get(), TRUE));
     EXPECT_EQ(S_OK, persist->SaveCompleted(nullptr));
@@ -100,9 +100,9 @@ TEST_F(ControlInterfaces, TheExtentIsSavedAndLoadedThroughAStorage) {
     EXPECT_EQ(S_OK, persist->HandsOffStorage());
 
     const ComPtr<InuxStdParts> other = CreateParts();
-    EXPECT_EQ(S_OK, other.As<IPersistStorage>(IID_IPersistStorage)->Load(storage.Get()));
+    EXPECT_EQ(S_OK, other.As<IPersistStorage>()->Load(storage.Get()));
     SIZEL loaded{};
-    other.As<IOleObject>(IID_IOleObject)->GetExtent(DVASPECT_CONTENT, &loaded);
+    other.As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &loaded);
     EXPECT_EQ(300, loaded.cx);
     EXPECT_EQ(400, loaded.cy);
     EXPECT_EQ(E_POINTER, persist->Load(nullptr));
@@ -110,7 +110,7 @@ TEST_F(ControlInterfaces, TheExtentIsSavedAndLoadedThroughAStorage) {
 }
 
 TEST_F(ControlInterfaces, ExtentsOfOtherAspectsAndBelowZeroAreRefused) {
-    const auto object = As<IOleObject>(IID_IOleObject);
+    const auto object = As<IOleObject>();
     SIZEL size{1, 1};
     EXPECT_EQ(DV_E_DVASPECT, object->SetExtent(DVASPECT_ICON, &size));
     EXPECT_EQ(DV_E_DVASPECT, object->GetExtent(DVASPECT_ICON, &size));
@@ -121,7 +121,7 @@ TEST_F(ControlInterfaces, ExtentsOfOtherAspectsAndBelowZeroAreRefused) {
 }
 
 TEST_F(ControlInterfaces, TheObjectTellsItsClassAndStatus) {
-    const auto object = As<IOleObject>(IID_IOleObject);
+    const auto object = As<IOleObject>();
     CLSID classId{};
     EXPECT_EQ(S_OK, object->GetUserClassID(&classId));
     EXPECT_EQ(CLSID_nuxStdParts, classId);
@@ -137,7 +137,7 @@ TEST_F(ControlInterfaces, TheObjectTellsItsClassAndStatus) {
 }
 
 TEST_F(ControlInterfaces, SinksOfTheObjectAreToldOfItsClosing) {
-    const auto object = As<IOleObject>(IID_IOleObject);
+    const auto object = As<IOleObject>();
     const auto sink = MakeObject<AdviseSink>();
     DWORD connection = 0;
     EXPECT_EQ(OLE_E_NOCONNECTION, object->Unadvise(1));
@@ -151,14 +151,14 @@ TEST_F(ControlInterfaces, SinksOfTheObjectAreToldOfItsClosing) {
 }
 
 TEST_F(ControlInterfaces, WhoWatchesTheViewIsToldOfANewExtent) {
-    const auto view = As<IViewObjectEx>(IID_IViewObjectEx);
+    const auto view = As<IViewObjectEx>();
     const auto sink = MakeObject<AdviseSink>();
     EXPECT_EQ(S_OK, view->SetAdvise(DVASPECT_CONTENT, ADVF_PRIMEFIRST, sink.Get()));
     EXPECT_EQ((Journal{"OnViewChange"}), sink->calls) << "primed";
     SIZEL size{10, 20};
-    As<IOleObject>(IID_IOleObject)->SetExtent(DVASPECT_CONTENT, &size);
+    As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
     EXPECT_EQ(2u, sink->calls.size());
-    As<IOleObject>(IID_IOleObject)->SetExtent(DVASPECT_CONTENT, &size);
+    As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
     EXPECT_EQ(2u, sink->calls.size()) << "nothing has changed";
     ComPtr<IAdviseSink> told;
     DWORD aspects = 0;
@@ -172,7 +172,7 @@ TEST_F(ControlInterfaces, WhoWatchesTheViewIsToldOfANewExtent) {
 }
 
 TEST_F(ControlInterfaces, TheViewDrawsNothingAndIsHitInsideItsBounds) {
-    const auto view = As<IViewObjectEx>(IID_IViewObjectEx);
+    const auto view = As<IViewObjectEx>();
     const RECTL bounds{0, 0, 100, 50};
     const RECT rect{0, 0, 100, 50};
     EXPECT_EQ(S_OK, view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, &bounds, nullptr,
@@ -196,7 +196,7 @@ TEST_F(ControlInterfaces, TheViewDrawsNothingAndIsHitInsideItsBounds) {
 }
 
 TEST_F(ControlInterfaces, TheDataObjectHasNoFormatAndTellsItsSinksOfChanges) {
-    const auto data = As<IDataObject>(IID_IDataObject);
+    const auto data = As<IDataObject>();
     FORMATETC format{CF_TEXT, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
     STGMEDIUM medium{};
     EXPECT_EQ(DV_E_FORMATETC, data->QueryGetData(&format));
@@ -206,14 +206,14 @@ TEST_F(ControlInterfaces, TheDataObjectHasNoFormatAndTellsItsSinksOfChanges) {
     EXPECT_EQ(OLE_E_NOCONNECTION, data->DUnadvise(1));
     ASSERT_EQ(S_OK, data->DAdvise(&format, ADVF_NODATA, sink.Get(), &connection));
     SIZEL size{10, 20};
-    As<IOleObject>(IID_IOleObject)->SetExtent(DVASPECT_CONTENT, &size);
+    As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
     EXPECT_EQ((Journal{"OnDataChange"}), sink->calls);
     EXPECT_EQ(S_OK, data->DUnadvise(connection));
     EXPECT_EQ(1u, References(sink.Get()));
 }
 
 TEST_F(ControlInterfaces, QuickActivationConnectsAllAtOnce) {
-    const auto quick = As<IQuickActivate>(IID_IQuickActivate);
+    const auto quick = As<IQuickActivate>();
     const auto site = MakeObject<ControlSite>(nullptr);
     const auto view = MakeObject<AdviseSink>();
     const auto properties = MakeObject<PropertySink>();
@@ -244,12 +244,12 @@ TEST_F(ControlInterfaces, QuickActivationConnectsAllAtOnce) {
     EXPECT_EQ(E_POINTER, quick->QuickActivate(nullptr, &control));
     EXPECT_EQ(E_POINTER, quick->QuickActivate(&container, nullptr));
 
-    As<IOleObject>(IID_IOleObject)->SetClientSite(nullptr);
+    As<IOleObject>()->SetClientSite(nullptr);
     EXPECT_EQ(1u, References(static_cast<IOleClientSite*>(site.Get())));
 }
 
 TEST_F(ControlInterfaces, ItTellsItsClassAndItsEvents) {
-    const auto information = As<IProvideClassInfo2>(IID_IProvideClassInfo2);
+    const auto information = As<IProvideClassInfo2>();
     ComPtr<ITypeInfo> type;
     ASSERT_EQ(S_OK, information->GetClassInfo(type.Receive()));
     TYPEATTR* attributes = nullptr;
@@ -266,14 +266,13 @@ TEST_F(ControlInterfaces, ItTellsItsClassAndItsEvents) {
 
 TEST_F(ControlInterfaces, ItHasNoPropertyPagesAndNoErrorObjects) {
     CAUUID pages{5, nullptr};
-    EXPECT_EQ(S_OK, As<ISpecifyPropertyPages>(IID_ISpecifyPropertyPages)->GetPages(&pages));
+    EXPECT_EQ(S_OK, As<ISpecifyPropertyPages>()->GetPages(&pages));
     EXPECT_EQ(0u, pages.cElems);
-    EXPECT_EQ(S_FALSE,
-              As<ISupportErrorInfo>(IID_ISupportErrorInfo)->InterfaceSupportsErrorInfo(IID_InuxStdParts));
+    EXPECT_EQ(S_FALSE, As<ISupportErrorInfo>()->InterfaceSupportsErrorInfo(IID_InuxStdParts));
 }
 
 TEST_F(ControlInterfaces, ItIsSafeForScriptsAndData) {
-    const auto safety = As<IObjectSafety>(IID_IObjectSafety);
+    const auto safety = As<IObjectSafety>();
     constexpr DWORD both = INTERFACESAFE_FOR_UNTRUSTED_CALLER | INTERFACESAFE_FOR_UNTRUSTED_DATA;
     DWORD supported = 0;
     DWORD enabled = 99;
@@ -292,11 +291,11 @@ TEST_F(ControlInterfaces, ItIsSafeForScriptsAndData) {
 }
 
 TEST_F(ControlInterfaces, TheOleControlAndTheActiveObjectAnswerQuietly) {
-    const auto control = As<IOleControl>(IID_IOleControl);
+    const auto control = As<IOleControl>();
     EXPECT_EQ(S_OK, control->OnAmbientPropertyChange(DISPID_UNKNOWN));
     EXPECT_EQ(S_OK, control->FreezeEvents(TRUE));
     EXPECT_EQ(S_OK, control->FreezeEvents(FALSE));
-    const auto active = As<IOleInPlaceActiveObject>(IID_IOleInPlaceActiveObject);
+    const auto active = As<IOleInPlaceActiveObject>();
     MSG message{};
     EXPECT_EQ(S_FALSE, active->TranslateAccelerator(&message));
     EXPECT_EQ(S_OK, active->OnFrameWindowActivate(TRUE));

@@ -1,6 +1,6 @@
 #include "tests/control/ControlSite.h"
 
-#include "framework/Automation.h"
+#include "framework/Text.h"
 
 namespace nux {
 

@@ -4,6 +4,7 @@
 
 #include "tests/control/Component.h"
 #include "tests/support/HostDoubles.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/ThreadLocale.h"
 
 namespace nux {
@@ -26,11 +27,11 @@ const Property texts[] = {
     {"Units", &InuxDataManager::get_Units, &InuxDataManager::put_Units}};
 
 /// An array of VARIANT with the given numbers.
-void MakeArray(std::initializer_list<long> numbers, Variant& array) {
+void MakeArray(std::initializer_list<long> numbers, RawVariant& array) {
     SAFEARRAY* made = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(numbers.size()));
     LONG index = 0;
     for (const long number : numbers) {
-        Variant element;
+        RawVariant element;
         element.vt = VT_I4;
         element.lVal = number;
         SafeArrayPutElement(made, &index, &element);
@@ -42,14 +43,14 @@ void MakeArray(std::initializer_list<long> numbers, Variant& array) {
 }
 
 long Element(const VARIANT& array, LONG index) {
-    Variant element;
+    RawVariant element;
     EXPECT_EQ(VT_ARRAY | VT_VARIANT, array.vt);
     EXPECT_EQ(S_OK, SafeArrayGetElement(array.parray, &index, &element));
     EXPECT_EQ(VT_I4, element.vt);
     return element.lVal;
 }
 
-void MakeText(const wchar_t* text, Variant& value) {
+void MakeText(const wchar_t* text, RawVariant& value) {
     value.Receive();
     value.bstrVal = SysAllocString(text);
     value.vt = VT_BSTR;
@@ -61,7 +62,7 @@ protected:
         PartsTest::SetUp();
         ComPtr<IDispatch> dispatch;
         ASSERT_EQ(S_OK, parts->get_DataManager(dispatch.Receive()));
-        data = dispatch.As<InuxDataManager>(IID_InuxDataManager);
+        data = dispatch.As<InuxDataManager>();
         ASSERT_TRUE(data);
     }
     void TearDown() override {
@@ -84,12 +85,12 @@ TEST_F(DataManager, IsOnePerObjectAndGivenOutWithAReference) {
 }
 
 TEST_F(DataManager, OutlivesItsOwnerWithItsValues) {
-    Variant value;
+    RawVariant value;
     MakeText(L"mm", value);
     EXPECT_EQ(S_OK, data->put_Units(value));
     ReleaseParts();
     EXPECT_EQ(S_FALSE, ModuleCanUnload()) << "the module stays for the data manager";
-    Variant read;
+    RawVariant read;
     EXPECT_EQ(S_OK, data->get_Units(&read));
     EXPECT_STREQ(L"mm", read.bstrVal);
 }
@@ -105,7 +106,7 @@ TEST_F(DataManager, TextsComeInInTheCodePageOfTheThreadAndGoOutInThatOfTheSystem
     const ThreadLocale locale(russian);
     for (const Property& property : texts) {
         SCOPED_TRACE(property.name);
-        Variant value;
+        RawVariant value;
         MakeText(L"\u0416", value);
         EXPECT_EQ(S_OK, (data.Get()->*property.put)(value));
         EXPECT_EQ(S_OK, (data.Get()->*property.get)(&value));
@@ -114,7 +115,7 @@ TEST_F(DataManager, TextsComeInInTheCodePageOfTheThreadAndGoOutInThatOfTheSystem
 }
 
 TEST_F(DataManager, AReferenceToAVariableIsRefused) {
-    Variant variable;
+    RawVariant variable;
     VARIANT reference{};
     reference.vt = VT_BYREF | VT_VARIANT;
     reference.pvarVal = &variable;
@@ -127,7 +128,7 @@ TEST_F(DataManager, AReferenceToAVariableIsRefused) {
 }
 
 TEST_F(DataManager, WhatWasNotSetFails) {
-    Variant read;
+    RawVariant read;
     for (const Property& property : sizes)
         EXPECT_EQ(E_FAIL, (data.Get()->*property.get)(&read)) << property.name;
     for (const Property& property : texts)
@@ -136,32 +137,32 @@ TEST_F(DataManager, WhatWasNotSetFails) {
 }
 
 TEST_F(DataManager, SizesAreCopiedInAndOut) {
-    Variant given;
+    RawVariant given;
     for (const Property& property : sizes) {
         SCOPED_TRACE(property.name);
         MakeArray({250, 300}, given);
         EXPECT_EQ(S_OK, (data.Get()->*property.put)(given));
         LONG first = 0;
-        Variant changed;
+        RawVariant changed;
         MakeText(L"changed behind the back", changed);
         SafeArrayPutElement(given.parray, &first, &changed);
-        Variant read;
+        RawVariant read;
         MakeText(L"replaced by what is read", read);
         EXPECT_EQ(S_OK, (data.Get()->*property.get)(&read));
         EXPECT_EQ(250, Element(read, 0));
         EXPECT_EQ(300, Element(read, 1));
         SafeArrayPutElement(read.parray, &first, &changed);
-        Variant again;
+        RawVariant again;
         EXPECT_EQ(S_OK, (data.Get()->*property.get)(&again));
         EXPECT_EQ(250, Element(again, 0));
     }
 }
 
 TEST_F(DataManager, TheTwoSizesAreKeptApart) {
-    Variant given;
+    RawVariant given;
     MakeArray({1}, given);
     data->put_CavityPlateSizes(given);
-    Variant read;
+    RawVariant read;
     EXPECT_EQ(E_FAIL, data->get_CorePlateSizes(&read));
     MakeArray({2}, given);
     data->put_CorePlateSizes(given);
@@ -170,10 +171,10 @@ TEST_F(DataManager, TheTwoSizesAreKeptApart) {
 }
 
 TEST_F(DataManager, SizesOfAnyOtherTypeAreRefusedAndTheOldOnesStay) {
-    Variant given;
+    RawVariant given;
     MakeArray({7}, given);
     data->put_CavityPlateSizes(given);
-    Variant wrong;
+    RawVariant wrong;
     EXPECT_EQ(E_INVALIDARG, data->put_CavityPlateSizes(wrong)) << "empty";
     MakeText(L"1,2", wrong);
     EXPECT_EQ(E_INVALIDARG, data->put_CavityPlateSizes(wrong)) << "a text";
@@ -189,14 +190,14 @@ TEST_F(DataManager, SizesOfAnyOtherTypeAreRefusedAndTheOldOnesStay) {
     reference.vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
     reference.pparray = &given.parray;
     EXPECT_EQ(E_INVALIDARG, data->put_CavityPlateSizes(reference)) << "an array by reference";
-    Variant read;
+    RawVariant read;
     EXPECT_EQ(S_OK, data->get_CavityPlateSizes(&read));
     EXPECT_EQ(7, Element(read, 0));
 }
 
 TEST_F(DataManager, TextsAreKeptNarrow) {
-    Variant given;
-    Variant read;
+    RawVariant given;
+    RawVariant read;
     for (const Property& property : texts) {
         SCOPED_TRACE(property.name);
         MakeText(L"Gr\u00f6\u00dfen \u4e2d", given);
@@ -209,8 +210,8 @@ TEST_F(DataManager, TextsAreKeptNarrow) {
 }
 
 TEST_F(DataManager, AnEmptyTextReadsAsOneThatWasNotSet) {
-    Variant given;
-    Variant read;
+    RawVariant given;
+    RawVariant read;
     for (const Property& property : texts) {
         SCOPED_TRACE(property.name);
         MakeText(L"x", given);
@@ -229,12 +230,12 @@ TEST_F(DataManager, AnEmptyTextReadsAsOneThatWasNotSet) {
 }
 
 TEST_F(DataManager, TextsOfAnyOtherTypeAreRefusedAndTheOldOnesStay) {
-    Variant given;
+    RawVariant given;
     for (const Property& property : texts) {
         SCOPED_TRACE(property.name);
         MakeText(L"inch", given);
         (data.Get()->*property.put)(given);
-        Variant wrong;
+        RawVariant wrong;
         EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(wrong));
         wrong.vt = VT_I4;
         wrong.lVal = 5;
@@ -243,14 +244,14 @@ TEST_F(DataManager, TextsOfAnyOtherTypeAreRefusedAndTheOldOnesStay) {
         reference.vt = VT_BYREF | VT_BSTR;
         reference.pbstrVal = &given.bstrVal;
         EXPECT_EQ(E_INVALIDARG, (data.Get()->*property.put)(reference));
-        Variant read;
+        RawVariant read;
         EXPECT_EQ(S_OK, (data.Get()->*property.get)(&read));
         EXPECT_STREQ(L"inch", read.bstrVal);
     }
 }
 
 TEST_F(DataManager, ClearDataForgetsTheSizesAndKeepsTheTexts) {
-    Variant given;
+    RawVariant given;
     MakeArray({1, 2}, given);
     for (const Property& property : sizes)
         (data.Get()->*property.put)(given);
@@ -258,7 +259,7 @@ TEST_F(DataManager, ClearDataForgetsTheSizesAndKeepsTheTexts) {
     for (const Property& property : texts)
         (data.Get()->*property.put)(given);
     EXPECT_EQ(S_OK, data->ClearData());
-    Variant read;
+    RawVariant read;
     for (const Property& property : sizes)
         EXPECT_EQ(E_FAIL, (data.Get()->*property.get)(&read)) << property.name;
     for (const Property& property : texts) {
@@ -270,10 +271,10 @@ TEST_F(DataManager, ClearDataForgetsTheSizesAndKeepsTheTexts) {
 
 TEST_F(DataManager, ObjectsInsideTheSizesAreHeldAndLetGo) {
     const auto object = MakeObject<NamedProperties>();
-    Variant element;
+    RawVariant element;
     element.vt = VT_DISPATCH;
     ComPtr<IDispatch>(object.Get()).CopyTo(&element.pdispVal);
-    Variant given;
+    RawVariant given;
     given.parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
     given.vt = VT_ARRAY | VT_VARIANT;
     LONG index = 0;

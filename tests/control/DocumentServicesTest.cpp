@@ -11,6 +11,7 @@
 
 #include "tests/support/HostDoubles.h"
 #include "tests/support/Installation.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/ThreadLocale.h"
 
 namespace nux {
@@ -41,18 +42,17 @@ protected:
 
     /// Attribute `kind` of an element, or of the root of a document.
     static std::wstring Kind(const ComPtr<IDispatch>& object) {
-        ComPtr<IXMLDOMElement> element = object.As<IXMLDOMElement>(IID_IXMLDOMElement);
-        if (const auto document = object.As<IXMLDOMDocument>(IID_IXMLDOMDocument))
+        ComPtr<IXMLDOMElement> element = object.As<IXMLDOMElement>();
+        if (const auto document = object.As<IXMLDOMDocument>())
             document->get_documentElement(element.Receive());
-        Variant kind;
+        RawVariant kind;
         if (!element || element->getAttribute(Bstr(L"kind").Get(), &kind) != S_OK)
             return L"(none)";
         return kind.bstrVal;
     }
 
     static bool Same(const ComPtr<IDispatch>& one, const ComPtr<IDispatch>& other) {
-        return Query<IUnknown>(one.Get(), IID_IUnknown).Get() ==
-               Query<IUnknown>(other.Get(), IID_IUnknown).Get();
+        return Query<IUnknown>(one.Get()).Get() == Query<IUnknown>(other.Get()).Get();
     }
 };
 
@@ -143,7 +143,7 @@ TEST_F(DocumentServices, UrlsComeInInTheCodePageOfTheThread) {
 TEST_F(DocumentServices, ACataloguesDocumentIsTheCachedOneOfItsUrl) {
     ComPtr<IDispatch> document;
     ASSERT_EQ(S_OK, parts->GetComponentsDocument(Bstr(L"BOLTS").Get(), document.Receive()));
-    EXPECT_TRUE(document.As<IXMLDOMDocument>(IID_IXMLDOMDocument));
+    EXPECT_TRUE(document.As<IXMLDOMDocument>());
     EXPECT_EQ(L"bolts", Kind(document));
     folder.Write(catalogue, "<Catalog kind='rewritten'/>");
     ComPtr<IDispatch> again;
@@ -195,7 +195,7 @@ TEST_F(DocumentServices, ADocumentIsAskedForByUrlAndEachSpellingIsOneOfItsOwn) {
 TEST_F(DocumentServices, StandardSizesAreReadOnceAndUsersSizesAtEachCall) {
     ComPtr<IDispatch> node;
     ASSERT_EQ(S_OK, Node(&InuxStdParts::GetStdDimensionNode, L"BOLTS", L"M8", node));
-    EXPECT_TRUE(node.As<IXMLDOMNode>(IID_IXMLDOMNode));
+    EXPECT_TRUE(node.As<IXMLDOMNode>());
     EXPECT_EQ(L"first", Kind(node));
     ComPtr<IDispatch> usersNode;
     ASSERT_EQ(S_OK, Node(&InuxStdParts::GetUsrDimensionNode, L"BOLTS", L"M8", usersNode));
@@ -223,7 +223,7 @@ TEST_F(DocumentServices, ADocumentWithoutARootGivesNullAndNoFailure) {
     // No file without a root can be loaded, but a script can take the root out of the shared document.
     ComPtr<IDispatch> shared;
     ASSERT_EQ(S_OK, Document(folder.Url(standard), shared));
-    const auto document = shared.As<IXMLDOMDocument>(IID_IXMLDOMDocument);
+    const auto document = shared.As<IXMLDOMDocument>();
     ComPtr<IXMLDOMElement> root;
     ASSERT_EQ(S_OK, document->get_documentElement(root.Receive()));
     ComPtr<IXMLDOMNode> removed;

@@ -16,7 +16,7 @@ struct NumberItem {
         target->lVal = number;
     }
 };
-using Numbers = Enumeration<IEnumVARIANT, &IID_IEnumVARIANT, NumberItem, VARIANT>;
+using Numbers = Enumeration<IEnumVARIANT, NumberItem, VARIANT>;
 
 ComPtr<IEnumVARIANT> OneToFive() {
     auto items = std::make_shared<Numbers::Items>();
@@ -87,9 +87,9 @@ TEST(Enumeration, ClonesWithItsPositionAndGoesOnAlone) {
 
 TEST(Enumeration, OffersItsInterfaceAndIUnknownOnly) {
     const auto numbers = OneToFive();
-    EXPECT_TRUE(numbers.As<IEnumVARIANT>(IID_IEnumVARIANT));
-    EXPECT_TRUE(numbers.As<IUnknown>(IID_IUnknown));
-    EXPECT_FALSE(numbers.As<IEnumUnknown>(IID_IEnumUnknown));
+    EXPECT_TRUE(numbers.As<IEnumVARIANT>());
+    EXPECT_TRUE(numbers.As<IUnknown>());
+    EXPECT_FALSE(numbers.As<IEnumUnknown>());
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "tests/support/HostDoubles.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/Installation.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
@@ -21,7 +22,7 @@ protected:
         InstallationTest::SetUp();
         host->SetNumber(L"MainWindowHWND", 0x1234);
         engine.emplace(GetParam(),
-                       ScriptEngine::Objects{{L"parts", parts.As<IDispatch>(IID_IDispatch)},
+                       ScriptEngine::Objects{{L"parts", parts.As<IDispatch>()},
                                              {L"side", ComPtr<IDispatch>(static_cast<Inux3D*>(side.Get()))},
                                              {L"host", ComPtr<IDispatch>(host.Get())}});
         EXPECT_EQ(S_OK, parts->put_nux3D(static_cast<Inux3D*>(side.Get())));
@@ -40,8 +41,8 @@ protected:
     }
     /// Whether a condition, in the language of the test, holds.
     bool Holds(const wchar_t* jscript, const wchar_t* vbscript) {
-        Variant value;
-        EXPECT_EQ(S_OK, engine->Evaluate(InLanguage(jscript, vbscript), value));
+        RawVariant value;
+        EXPECT_EQ(S_OK, engine->Evaluate(InLanguage(jscript, vbscript), value.Receive()));
         EXPECT_EQ(VT_BOOL, value.vt);
         return value.vt == VT_BOOL && value.boolVal != VARIANT_FALSE;
     }
@@ -52,8 +53,8 @@ protected:
             isJScript ? L"var code = 0; try { " + jscript + L" } catch (error) { code = error.number; }"
                       : L"On Error Resume Next\n" + vbscript + L"\ncode = Err.Number";
         EXPECT_EQ(S_OK, engine->Run(statements));
-        Variant code;
-        EXPECT_EQ(S_OK, engine->Evaluate(L"code", code));
+        RawVariant code;
+        EXPECT_EQ(S_OK, engine->Evaluate(L"code", code.Receive()));
         EXPECT_EQ(S_OK, VariantChangeType(&code, &code, 0, VT_I4));
         return code.lVal;
     }

@@ -122,8 +122,7 @@ TEST_F(ModuleLife, AnythingAliveHoldsTheModule) {
     ComPtr<IDispatch> data;
     parts->get_DataManager(data.Receive());
     ComPtr<IEnumConnectionPoints> points;
-    parts.As<IConnectionPointContainer>(IID_IConnectionPointContainer)
-        ->EnumConnectionPoints(points.Receive());
+    parts.As<IConnectionPointContainer>()->EnumConnectionPoints(points.Receive());
     parts.Reset();
     EXPECT_EQ(S_FALSE, module.CanUnload());
     data.Reset();

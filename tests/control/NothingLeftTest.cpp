@@ -11,6 +11,7 @@
 #include "tests/support/HostDoubles.h"
 #include "tests/support/Installation.h"
 #include "tests/support/PrivateMemory.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
@@ -63,13 +64,13 @@ TEST_F(NothingLeft, OfTheObjectWithAllThatItHolds) {
         side->attached.Reset();
         side->calls.clear();
         made->put_UserData(text.Get());
-        Variant value;
+        RawVariant value;
         value.vt = VT_BSTR;
         value.bstrVal = SysAllocString(text.Get());
         made->put_GlobalData(value);
         ComPtr<IDispatch> data;
         made->get_DataManager(data.Receive());
-        data.As<InuxDataManager>(IID_InuxDataManager)->put_Units(value);
+        data.As<InuxDataManager>()->put_Units(value);
     });
     EXPECT_EQ(S_OK, ModuleCanUnload());
 }
@@ -78,7 +79,7 @@ TEST_F(NothingLeft, OfTheDataManager) {
     ExpectNothingLeft([&] {
         ComPtr<IDispatch> data;
         parts->get_DataManager(data.Receive());
-        data.As<InuxDataManager>(IID_InuxDataManager)->ClearData();
+        data.As<InuxDataManager>()->ClearData();
     });
 }
 
@@ -100,7 +101,7 @@ TEST_F(NothingLeft, OfNodesGivenToScripts) {
         ComPtr<IDispatch> node;
         parts->GetStdDimensionNode(id.Get(), component.Get(), node.Receive());
         ComPtr<IXMLDOMNode> child;
-        node.As<IXMLDOMNode>(IID_IXMLDOMNode)->get_firstChild(child.Receive());
+        node.As<IXMLDOMNode>()->get_firstChild(child.Receive());
     });
 }
 
@@ -132,7 +133,7 @@ TEST_F(NothingLeft, OfCallsThroughAutomation) {
         DISPID id = 0;
         parts->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
         DISPPARAMS none{};
-        Variant read;
+        RawVariant read;
         parts->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &read, nullptr,
                       nullptr);
     });

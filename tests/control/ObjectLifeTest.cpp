@@ -8,6 +8,7 @@
 #include "tests/support/HostDoubles.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/Installation.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
@@ -23,7 +24,7 @@ private:
 };
 
 /// Makes an array of sizes with one element, which is copied.
-void MakeSizes(Variant& sizes, VARIANT& element) {
+void MakeSizes(RawVariant& sizes, VARIANT& element) {
     sizes.Receive();
     sizes.parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
     sizes.vt = VT_ARRAY | VT_VARIANT;
@@ -47,7 +48,7 @@ protected:
 TEST_F(ObjectLife, ItsEndReturnsEveryReferenceOfTheHostsObjects) {
     IDispatch* const sideDispatch = static_cast<Inux3D*>(side.Get());
     GiveAll(parts);
-    Variant global;
+    RawVariant global;
     global.vt = VT_DISPATCH;
     ComPtr<IDispatch>(host.Get()).CopyTo(&global.pdispVal);
     parts->put_GlobalData(global);
@@ -73,18 +74,18 @@ TEST_F(ObjectLife, WhatItHoldsIsReleasedInOrder) {
         ComPtr<IDispatch> wizard;
         EXPECT_EQ(S_OK, parts->get_LifterWizard(wizard.Receive()));
 
-        Variant global;
+        RawVariant global;
         global.vt = VT_DISPATCH;
         ComPtr<IDispatch>(inGlobal.Get()).CopyTo(&global.pdispVal);
         parts->put_GlobalData(global);
-        Variant element;
+        RawVariant element;
         element.vt = VT_DISPATCH;
         ComPtr<IDispatch>(inSizes.Get()).CopyTo(&element.pdispVal);
-        Variant sizes;
+        RawVariant sizes;
         MakeSizes(sizes, element);
         ComPtr<IDispatch> dispatch;
         parts->get_DataManager(dispatch.Receive());
-        EXPECT_EQ(S_OK, dispatch.As<InuxDataManager>(IID_InuxDataManager)->put_CorePlateSizes(sizes));
+        EXPECT_EQ(S_OK, dispatch.As<InuxDataManager>()->put_CorePlateSizes(sizes));
     }
     EXPECT_TRUE(journal.empty());
     ReleaseParts();
@@ -99,7 +100,7 @@ TEST_F(ObjectLife, TwoObjectsKeepTheirOwnState) {
     GiveAll(parts);
     EXPECT_EQ(S_OK, parts->put_UserData(Bstr(L"mine").Get()));
     EXPECT_EQ(S_OK, parts->put_LastRVCCmdResult(Bstr(L"mine").Get()));
-    Variant global;
+    RawVariant global;
     global.vt = VT_I4;
     global.lVal = 5;
     EXPECT_EQ(S_OK, parts->put_GlobalData(global));
@@ -176,7 +177,7 @@ TEST_F(ObjectLife, WhatIsReleasedAtItsEndMayStillCallIn) {
     const auto callIn = [&] {
         ++calls;
         const ComPtr<InuxStdParts> again(raw);
-        Variant five;
+        RawVariant five;
         five.vt = VT_I4;
         five.lVal = 5;
         EXPECT_EQ(S_OK, again->put_GlobalData(five));
@@ -186,7 +187,7 @@ TEST_F(ObjectLife, WhatIsReleasedAtItsEndMayStillCallIn) {
     parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
     parts->SetExternalDispatch(MakeObject<Parting>(callIn).Get());
     side->attached.Reset();
-    Variant global;
+    RawVariant global;
     global.vt = VT_DISPATCH;
     global.pdispVal = MakeObject<Parting>(callIn).Detach();
     parts->put_GlobalData(global);
@@ -202,29 +203,29 @@ TEST_F(ObjectLife, WhatIsReleasedAtItsEndMayStillCallIn) {
 }
 
 TEST_F(ObjectLife, AValueThatGoesMayPutAnother) {
-    Variant five;
+    RawVariant five;
     five.vt = VT_I4;
     five.lVal = 5;
-    Variant global;
+    RawVariant global;
     global.vt = VT_DISPATCH;
     global.pdispVal = MakeObject<Parting>([&] { parts->put_GlobalData(five); }).Detach();
     parts->put_GlobalData(global);
     global.Receive();
-    Variant text;
+    RawVariant text;
     text.vt = VT_BSTR;
     text.bstrVal = Bstr(L"text").Detach();
     EXPECT_EQ(S_OK, parts->put_GlobalData(text));
-    Variant read;
+    RawVariant read;
     parts->get_GlobalData(&read);
     EXPECT_EQ(VT_I4, read.vt) << "the last that was put";
 
     ComPtr<IDispatch> dispatch;
     parts->get_DataManager(dispatch.Receive());
-    const auto manager = dispatch.As<InuxDataManager>(IID_InuxDataManager);
-    Variant leaving;
+    const auto manager = dispatch.As<InuxDataManager>();
+    RawVariant leaving;
     leaving.vt = VT_DISPATCH;
     leaving.pdispVal = MakeObject<Parting>([&] { EXPECT_EQ(S_OK, manager->ClearData()); }).Detach();
-    Variant sizes;
+    RawVariant sizes;
     MakeSizes(sizes, leaving);
     EXPECT_EQ(S_OK, manager->put_CavityPlateSizes(sizes));
     leaving.Receive();
@@ -249,10 +250,10 @@ TEST_F(ObjectLife, NoRegistrationAsActiveObjectIsRevokedAtTheEnd) {
 }
 
 TEST_F(ObjectLife, AnObjectThatAScriptHoldsOutlivesItsHostsReference) {
-    const ComPtr<IDispatch> held = parts.As<IDispatch>(IID_IDispatch);
+    const ComPtr<IDispatch> held = parts.As<IDispatch>();
     parts.Reset();
     EXPECT_EQ(S_FALSE, ModuleCanUnload());
-    const auto again = held.As<InuxStdParts>(IID_InuxStdParts);
+    const auto again = held.As<InuxStdParts>();
     EXPECT_EQ(S_OK, again->AssertFail());
 }
 

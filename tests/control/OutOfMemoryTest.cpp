@@ -16,6 +16,7 @@
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/Installation.h"
 #include "tests/support/ModuleFunctions.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
@@ -99,10 +100,10 @@ TEST_F(AllocationFailure, IsReportedByTheTextsAndValues) {
         [&] { EXPECT_STREQ(text.Get(), read); });
     SysFreeString(read);
 
-    Variant given;
+    RawVariant given;
     given.vt = VT_BSTR;
     given.bstrVal = SysAllocString(L"global");
-    Variant global;
+    RawVariant global;
     EXPECT_GT(FailEach("put_GlobalData", [&] { return parts->put_GlobalData(given); }), 0);
     EXPECT_GT(FailEach(
                   "get_GlobalData", [&] { return parts->get_GlobalData(&global); },
@@ -111,12 +112,12 @@ TEST_F(AllocationFailure, IsReportedByTheTextsAndValues) {
 }
 
 TEST_F(AllocationFailure, OfTheGlobalDataLeavesItsCodeThere) {
-    Variant given;
+    RawVariant given;
     given.vt = VT_I4;
     failing.Arm(1);
     EXPECT_EQ(E_OUTOFMEMORY, parts->put_GlobalData(given));
     failing.Disarm();
-    Variant read;
+    RawVariant read;
     EXPECT_EQ(S_OK, parts->get_GlobalData(&read));
     EXPECT_EQ(VT_ERROR, read.vt);
     EXPECT_EQ(E_OUTOFMEMORY, read.scode);
@@ -125,17 +126,17 @@ TEST_F(AllocationFailure, OfTheGlobalDataLeavesItsCodeThere) {
 TEST_F(AllocationFailure, IsReportedByTheDataManager) {
     ComPtr<IDispatch> dispatch;
     parts->get_DataManager(dispatch.Receive());
-    const auto data = dispatch.As<InuxDataManager>(IID_InuxDataManager);
-    Variant text;
+    const auto data = dispatch.As<InuxDataManager>();
+    RawVariant text;
     text.vt = VT_BSTR;
     text.bstrVal = SysAllocString(L"a text that is too long for a small string");
-    Variant read;
+    RawVariant read;
     EXPECT_GT(FailEach("put_Units", [&] { return data->put_Units(text); }), 0);
     EXPECT_GT(FailEach(
                   "get_Units", [&] { return data->get_Units(&read); },
                   [&] { EXPECT_STREQ(text.bstrVal, read.bstrVal); }),
               0);
-    Variant sizes;
+    RawVariant sizes;
     sizes.parray = SafeArrayCreateVector(VT_VARIANT, 0, 2);
     sizes.vt = VT_ARRAY | VT_VARIANT;
     EXPECT_GT(FailEach("put_CorePlateSizes", [&] { return data->put_CorePlateSizes(sizes); }), 0);
@@ -230,7 +231,7 @@ TEST_F(AllocationFailure, IsReportedByTheServices) {
     array->SetNumber(L"length", 2);
     array->SetText(L"0", L"one");
     array->SetText(L"1", L"two");
-    Variant result;
+    RawVariant result;
     EXPECT_GT(FailEach(
                   "JSArray2SafeArray", [&] { return parts->JSArray2SafeArray(array.Get(), &result); },
                   [&] { EXPECT_EQ(VT_ARRAY | VT_VARIANT, result.vt); }),
@@ -268,7 +269,7 @@ TEST_F(AllocationFailure, IsReportedByAutomation) {
                   [&] { return fresh->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id); },
                   [&] { EXPECT_EQ(91, id); }),
               2);
-    Variant read;
+    RawVariant read;
     DISPPARAMS none{};
     EXPECT_GT(FailEach(
                   "Invoke", forgetTypes,
@@ -288,24 +289,21 @@ TEST_F(AllocationFailure, IsReportedByAutomation) {
                   [&] { return fresh->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive()); }),
               2);
     ComPtr<ITypeInfo> coclass;
-    EXPECT_GT(
-        FailEach(
-            "GetClassInfo",
-            [&] {
-                coclass.Reset();
-                forgetTypes();
-            },
-            [&] {
-                return fresh.As<IProvideClassInfo>(IID_IProvideClassInfo)->GetClassInfo(coclass.Receive());
-            }),
-        2);
+    EXPECT_GT(FailEach(
+                  "GetClassInfo",
+                  [&] {
+                      coclass.Reset();
+                      forgetTypes();
+                  },
+                  [&] { return fresh.As<IProvideClassInfo>()->GetClassInfo(coclass.Receive()); }),
+              2);
 }
 
 TEST_F(AllocationFailure, IsReportedByTheControl) {
     const HWND frame = CreateWindowExA(0, "STATIC", "frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 400,
                                        300, nullptr, nullptr, nullptr, nullptr);
     const auto site = MakeObject<ControlSite>(frame);
-    const auto object = parts.As<IOleObject>(IID_IOleObject);
+    const auto object = parts.As<IOleObject>();
     object->SetClientSite(site.Get());
     failureIsSilent = true;  // a frame that can't be told the name is no failure of the activation
     FailEach(
@@ -329,7 +327,7 @@ TEST_F(AllocationFailure, IsReportedByTheControl) {
                   "Advise", [&] { return object->Advise(sink.Get(), &cookie); },
                   [&] { EXPECT_EQ(S_OK, object->Unadvise(cookie)); }),
               0);
-    const auto container = parts.As<IConnectionPointContainer>(IID_IConnectionPointContainer);
+    const auto container = parts.As<IConnectionPointContainer>();
     ComPtr<IEnumConnectionPoints> points;
     EXPECT_GT(
         FailEach("EnumConnectionPoints", [&] { return container->EnumConnectionPoints(points.Receive()); }),

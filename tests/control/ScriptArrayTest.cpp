@@ -5,13 +5,14 @@
 #include "driver/ScriptEngine.h"
 #include "tests/control/Component.h"
 #include "tests/support/HostDoubles.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
 
 class ScriptArray : public PartsTest {
 protected:
-    HRESULT Convert(const std::wstring& expression, Variant& array) {
+    HRESULT Convert(const std::wstring& expression, RawVariant& array) {
         return parts->JSArray2SafeArray(engine.Object(expression).Get(), &array);
     }
 
@@ -26,7 +27,7 @@ protected:
         return upper + 1;
     }
 
-    static void Element(const VARIANT& array, LONG index, Variant& element) {
+    static void Element(const VARIANT& array, LONG index, RawVariant& element) {
         EXPECT_EQ(S_OK, SafeArrayGetElement(array.parray, &index, element.Receive()));
     }
 
@@ -34,10 +35,10 @@ protected:
 };
 
 TEST_F(ScriptArray, ElementsOfAnyKindKeepTheirOrderAndType) {
-    Variant array;
+    RawVariant array;
     ASSERT_EQ(S_OK, Convert(L"[3, 'text', 2.5, true, null, undefined]", array));
     ASSERT_EQ(6, Count(array));
-    Variant element;
+    RawVariant element;
     Element(array, 0, element);
     EXPECT_EQ(VT_I4, element.vt);
     EXPECT_EQ(3, element.lVal);
@@ -57,26 +58,26 @@ TEST_F(ScriptArray, ElementsOfAnyKindKeepTheirOrderAndType) {
 }
 
 TEST_F(ScriptArray, AnEmptyOneGivesAnEmptyArray) {
-    Variant array;
+    RawVariant array;
     ASSERT_EQ(S_OK, Convert(L"[]", array));
     EXPECT_EQ(0, Count(array));
 }
 
 TEST_F(ScriptArray, TheResultIsUnlocked) {
-    Variant array;
+    RawVariant array;
     ASSERT_EQ(S_OK, Convert(L"[1, 2]", array));
     EXPECT_EQ(0u, array.parray->cLocks);
     EXPECT_EQ(S_OK, VariantClear(&array));
 }
 
 TEST_F(ScriptArray, NestedArraysAndObjectsStayObjects) {
-    Variant array;
+    RawVariant array;
     ASSERT_EQ(S_OK, Convert(L"[[1, 2], {a: 5}]", array));
     ASSERT_EQ(2, Count(array));
-    Variant inner;
+    RawVariant inner;
     Element(array, 0, inner);
     ASSERT_EQ(VT_DISPATCH, inner.vt);
-    Variant converted;
+    RawVariant converted;
     EXPECT_EQ(S_OK, parts->JSArray2SafeArray(inner.pdispVal, &converted));
     EXPECT_EQ(2, Count(converted));
     Element(array, 1, inner);
@@ -84,7 +85,7 @@ TEST_F(ScriptArray, NestedArraysAndObjectsStayObjects) {
 }
 
 TEST_F(ScriptArray, ASparseOneFailsWithNothingMade) {
-    Variant array;
+    RawVariant array;
     EXPECT_EQ(E_FAIL, Convert(L"(function() { var a = [1]; a[2] = 3; return a; })()", array));
     EXPECT_EQ(VT_EMPTY, array.vt);
     EXPECT_EQ(E_FAIL, Convert(L"new Array(5)", array));
@@ -92,7 +93,7 @@ TEST_F(ScriptArray, ASparseOneFailsWithNothingMade) {
 }
 
 TEST_F(ScriptArray, AnythingWithALengthAndElementsWillDo) {
-    Variant array;
+    RawVariant array;
     ASSERT_EQ(S_OK, Convert(L"({length: 2, 0: 'a', 1: 'b', 2: 'not asked for'})", array)) << "an object";
     EXPECT_EQ(2, Count(array));
     ASSERT_EQ(S_OK, Convert(L"(function() { return arguments; })(7, 8, 9)", array)) << "arguments";
@@ -102,21 +103,21 @@ TEST_F(ScriptArray, AnythingWithALengthAndElementsWillDo) {
 TEST_F(ScriptArray, ALengthThatIsNoWholeNumberIsInvalid) {
     for (const wchar_t* expression : {L"{}", L"{length: '2', 0: 1, 1: 2}", L"{length: 1.5, 0: 1}",
                                       L"{length: null}", L"{length: true}", L"{length: undefined}"}) {
-        Variant array;
+        RawVariant array;
         EXPECT_EQ(E_INVALIDARG, Convert(std::wstring(L"(") + expression + L")", array)) << expression;
         EXPECT_EQ(VT_EMPTY, array.vt);
     }
     const auto object = MakeObject<NamedProperties>();
     object->SetNumber(L"length", 0);
     object->Fail(L"length", DISP_E_EXCEPTION);
-    Variant array;
+    RawVariant array;
     EXPECT_EQ(E_INVALIDARG, parts->JSArray2SafeArray(object.Get(), &array));
 }
 
 TEST_F(ScriptArray, ALengthThatNoArrayCanHaveFails) {
     for (const wchar_t* expression : {L"({length: -1})", L"({length: -2147483647})",
                                       L"({length: 2147483647})", L"({length: 178956971, 0: 1})"}) {
-        Variant array;
+        RawVariant array;
         EXPECT_EQ(E_FAIL, Convert(expression, array)) << expression;
         EXPECT_EQ(VT_EMPTY, array.vt);
     }
@@ -128,7 +129,7 @@ TEST_F(ScriptArray, AnElementThatFailsFailsTheWhole) {
     object->SetText(L"0", L"read");
     object->SetText(L"1", L"not read");
     object->Fail(L"1", E_ACCESSDENIED);
-    Variant array;
+    RawVariant array;
     EXPECT_EQ(E_FAIL, parts->JSArray2SafeArray(object.Get(), &array));
     EXPECT_EQ(VT_EMPTY, array.vt);
     object->Fail(L"1", S_OK);
@@ -140,26 +141,26 @@ TEST_F(ScriptArray, AnElementThatFailsFailsTheWhole) {
 TEST_F(ScriptArray, OneThatFailsLetsGoOfWhatItHasTaken) {
     const auto element = MakeObject<NamedProperties>();
     const auto object = MakeObject<NamedProperties>();
-    Variant taken;
+    RawVariant taken;
     taken.vt = VT_DISPATCH;
     ComPtr<IDispatch>(element.Get()).CopyTo(&taken.pdispVal);
     object->SetNumber(L"length", 2);
     object->Set(L"0", taken);
     const ULONG before = References(element.Get());
-    Variant array;
+    RawVariant array;
     EXPECT_EQ(E_FAIL, parts->JSArray2SafeArray(object.Get(), &array));
     EXPECT_EQ(before, References(element.Get()));
 }
 
 TEST_F(ScriptArray, NullsAreInvalid) {
-    Variant array;
+    RawVariant array;
     EXPECT_EQ(E_INVALIDARG, parts->JSArray2SafeArray(nullptr, &array));
     EXPECT_EQ(E_INVALIDARG, parts->JSArray2SafeArray(engine.Object(L"[1]").Get(), nullptr));
 }
 
 TEST_F(ScriptArray, WhatStoodInTheResultIsCleared) {
     const auto object = MakeObject<NamedProperties>();
-    Variant array;
+    RawVariant array;
     array.vt = VT_DISPATCH;
     ComPtr<IDispatch>(object.Get()).CopyTo(&array.pdispVal);
     EXPECT_EQ(E_INVALIDARG, Convert(L"({})", array));
@@ -170,22 +171,22 @@ TEST_F(ScriptArray, WhatStoodInTheResultIsCleared) {
 TEST_F(ScriptArray, IsWhatTheDataManagerTakes) {
     ComPtr<IDispatch> dispatch;
     ASSERT_EQ(S_OK, parts->get_DataManager(dispatch.Receive()));
-    const auto manager = dispatch.As<InuxDataManager>(IID_InuxDataManager);
-    Variant direct;
+    const auto manager = dispatch.As<InuxDataManager>();
+    RawVariant direct;
     direct.vt = VT_DISPATCH;
     engine.Object(L"[250, 300]").CopyTo(&direct.pdispVal);
     EXPECT_EQ(E_INVALIDARG, manager->put_CavityPlateSizes(direct));
-    Variant array;
+    RawVariant array;
     ASSERT_EQ(S_OK, Convert(L"[250, 300]", array));
     EXPECT_EQ(S_OK, manager->put_CavityPlateSizes(array));
 }
 
 TEST_F(ScriptArray, TenThousandElementsAreCopied) {
-    Variant array;
+    RawVariant array;
     ASSERT_EQ(S_OK, Convert(L"(function() { for (var a = [], i = 0; i < 10000; ++i) a[i] = i; return a; })()",
                             array));
     ASSERT_EQ(10000, Count(array));
-    Variant last;
+    RawVariant last;
     Element(array, 9999, last);
     EXPECT_EQ(9999, last.lVal);
 }

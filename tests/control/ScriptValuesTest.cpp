@@ -4,6 +4,7 @@
 
 #include "tests/control/Component.h"
 #include "tests/support/HostDoubles.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/ThreadLocale.h"
 
 namespace nux {
@@ -98,7 +99,7 @@ TEST_F(ScriptTexts, KeepZerosInsideAndAnyLength) {
 class GlobalData : public PartsTest {
 protected:
     /// Puts a value and reads it back over one of another type.
-    void RoundTrip(const VARIANT& given, Variant& read) {
+    void RoundTrip(const VARIANT& given, RawVariant& read) {
         EXPECT_EQ(S_OK, parts->put_GlobalData(given));
         read.Receive();
         read.vt = VT_BSTR;
@@ -109,7 +110,7 @@ protected:
 };
 
 TEST_F(GlobalData, IsEmptyAtFirst) {
-    Variant read;
+    RawVariant read;
     read.vt = VT_I4;
     EXPECT_EQ(S_OK, parts->get_GlobalData(&read));
     EXPECT_EQ(VT_EMPTY, read.vt);
@@ -120,10 +121,10 @@ TEST_F(GlobalData, KeepsEveryPlainKindOfValue) {
     for (const VARTYPE type : {VT_EMPTY, VT_NULL, VT_I1, VT_I2, VT_I4, VT_I8, VT_UI1, VT_UI2, VT_UI4, VT_UI8,
                                VT_INT, VT_UINT, VT_R4, VT_R8, VT_CY, VT_DATE, VT_BOOL, VT_ERROR}) {
         SCOPED_TRACE(type);
-        Variant given;
+        RawVariant given;
         given.vt = type;
         given.llVal = 0x4142434445464748;
-        Variant read;
+        RawVariant read;
         RoundTrip(given, read);
         switch (type) {
             case VT_EMPTY:
@@ -152,21 +153,21 @@ TEST_F(GlobalData, KeepsEveryPlainKindOfValue) {
 }
 
 TEST_F(GlobalData, KeepsADecimal) {
-    Variant given;
+    RawVariant given;
     given.decVal.Lo64 = 123456789;
     given.decVal.scale = 4;
     given.vt = VT_DECIMAL;
-    Variant read;
+    RawVariant read;
     RoundTrip(given, read);
     EXPECT_EQ(123456789u, read.decVal.Lo64);
     EXPECT_EQ(4, read.decVal.scale);
 }
 
 TEST_F(GlobalData, CopiesTexts) {
-    Variant given;
+    RawVariant given;
     given.vt = VT_BSTR;
     given.bstrVal = SysAllocStringLen(L"a\0\u4e2d", 3);
-    Variant read;
+    RawVariant read;
     RoundTrip(given, read);
     EXPECT_NE(given.bstrVal, read.bstrVal);
     EXPECT_EQ(std::wstring(L"a\0\u4e2d", 3), std::wstring(read.bstrVal, SysStringLen(read.bstrVal)))
@@ -174,13 +175,13 @@ TEST_F(GlobalData, CopiesTexts) {
 }
 
 TEST_F(GlobalData, CopiesArrays) {
-    Variant given;
+    RawVariant given;
     given.parray = SafeArrayCreateVector(VT_I4, 5, 3);
     given.vt = VT_ARRAY | VT_I4;
     LONG index = 6;
     LONG number = 42;
     SafeArrayPutElement(given.parray, &index, &number);
-    Variant read;
+    RawVariant read;
     RoundTrip(given, read);
     EXPECT_NE(given.parray, read.parray);
     LONG found = 0;
@@ -194,42 +195,42 @@ TEST_F(GlobalData, CopiesArrays) {
 TEST_F(GlobalData, HoldsObjectsAndLetsThemGo) {
     const auto object = MakeObject<NamedProperties>();
     {
-        Variant given;
+        RawVariant given;
         given.vt = VT_DISPATCH;
         ComPtr<IDispatch>(object.Get()).CopyTo(&given.pdispVal);
-        Variant read;
+        RawVariant read;
         RoundTrip(given, read);
         EXPECT_EQ(object.Get(), read.pdispVal);
         EXPECT_EQ(4u, References(object.Get()));
     }
     EXPECT_EQ(2u, References(object.Get()));
-    Variant empty;
+    RawVariant empty;
     EXPECT_EQ(S_OK, parts->put_GlobalData(empty));
     EXPECT_EQ(1u, References(object.Get()));
 
-    Variant unknown;
+    RawVariant unknown;
     unknown.vt = VT_UNKNOWN;
     ComPtr<IUnknown>(object.Get()).CopyTo(&unknown.punkVal);
-    Variant read;
+    RawVariant read;
     RoundTrip(unknown, read);
     ReleaseParts();
     EXPECT_EQ(3u, References(object.Get())) << "the object's own reference went with it";
 }
 
 TEST_F(GlobalData, KeepsANullObject) {
-    Variant given;
+    RawVariant given;
     given.vt = VT_DISPATCH;
     given.pdispVal = nullptr;
-    Variant read;
+    RawVariant read;
     RoundTrip(given, read);
     EXPECT_EQ(nullptr, read.pdispVal);
 }
 
 TEST_F(GlobalData, AValueThatWasReadCanBePutBack) {
-    Variant given;
+    RawVariant given;
     given.vt = VT_BSTR;
     given.bstrVal = SysAllocString(L"mine");
-    Variant read;
+    RawVariant read;
     RoundTrip(given, read);
     RoundTrip(read, given);
     EXPECT_STREQ(L"mine", given.bstrVal);
@@ -242,12 +243,12 @@ TEST_F(GlobalData, OfAReferenceIsTheValueThatItReferredTo) {
     reference.plVal = &number;
     EXPECT_EQ(S_OK, parts->put_GlobalData(reference));
     number = 6;
-    Variant read;
+    RawVariant read;
     EXPECT_EQ(S_OK, parts->get_GlobalData(&read));
     EXPECT_EQ(VT_I4, read.vt);
     EXPECT_EQ(5, read.lVal);
 
-    Variant variable;
+    RawVariant variable;
     variable.vt = VT_BSTR;
     variable.bstrVal = SysAllocString(L"of a variable");
     reference.vt = VT_BYREF | VT_VARIANT;
@@ -261,7 +262,7 @@ TEST_F(GlobalData, OfAReferenceIsTheValueThatItReferredTo) {
 
 TEST_F(GlobalData, AValueThatCannotBeCopiedIsRaisedAndLeavesTheError) {
     const auto object = MakeObject<NamedProperties>();
-    Variant held;
+    RawVariant held;
     held.vt = VT_DISPATCH;
     ComPtr<IDispatch>(object.Get()).CopyTo(&held.pdispVal);
     parts->put_GlobalData(held);
@@ -272,16 +273,16 @@ TEST_F(GlobalData, AValueThatCannotBeCopiedIsRaisedAndLeavesTheError) {
         VARIANT bad{};
         bad.vt = type;
         EXPECT_EQ(DISP_E_BADVARTYPE, parts->put_GlobalData(bad));
-        Variant read;
+        RawVariant read;
         EXPECT_EQ(S_OK, parts->get_GlobalData(&read));
         EXPECT_EQ(VT_ERROR, read.vt);
         EXPECT_EQ(DISP_E_BADVARTYPE, read.scode);
     }
     EXPECT_EQ(2u, References(object.Get())) << "the old value is gone";
-    Variant given;
+    RawVariant given;
     given.vt = VT_I4;
     given.lVal = 3;
-    Variant read;
+    RawVariant read;
     RoundTrip(given, read);
     EXPECT_EQ(3, read.lVal) << "usable again";
 }

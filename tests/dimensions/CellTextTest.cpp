@@ -6,22 +6,29 @@
 
 #include <optional>
 
+#include "environment/XMLAccess.h"
 #include "tests/support/Dom.h"
 
 namespace nux {
 namespace {
 
-std::optional<std::string> Child(const std::string& row, const wchar_t* name) {
+std::string TextOf(const Variant& value) {
     CellText text;
-    const bool found = ReadChildElement(RootOf(ParseXml(row)).Get(), Bstr(name), &text);
-    return found ? std::optional<std::string>(text.View()) : std::nullopt;
+    text.Assign(value);
+    return std::string(text.View());
+}
+
+std::optional<std::string> Child(const std::string& row, const wchar_t* name) {
+    Variant value;
+    const bool found = ReadChildElement(RootOf(ParseXml(row)).Get(), name, value);
+    return found ? std::optional<std::string>(TextOf(value)) : std::nullopt;
 }
 
 std::optional<std::string> Attribute(const std::string& row, const wchar_t* name) {
-    CellText text;
-    const auto element = RootOf(ParseXml(row)).As<IXMLDOMElement>(IID_IXMLDOMElement);
-    const bool found = ReadAttribute(element.Get(), Bstr(name), &text);
-    return found ? std::optional<std::string>(text.View()) : std::nullopt;
+    Variant value;
+    const auto element = RootOf(ParseXml(row)).As<IXMLDOMElement>();
+    const bool found = ReadAttribute(element.Get(), Bstr(name), value);
+    return found ? std::optional<std::string>(TextOf(value)) : std::nullopt;
 }
 
 /// The text of the node that the DOM itself selects.
@@ -81,12 +88,11 @@ TEST(RowValues, AValueThatIsNoStringReadsAsAnEmptyText) {
     EXPECT_EQ(Child(typed, L"A"), "");
     EXPECT_EQ(Child(typed, L"B"), "13");
     CellText text;
-    text.Assign(L"old", 3);
-    VARIANT number{};
-    number.vt = VT_I4;
-    number.lVal = 12;
+    text.Assign(L"old");
+    Variant number;
+    number.SetNumber(12);
     text.Assign(number);
-    EXPECT_EQ(text.View(), "");
+    EXPECT_EQ("", text.View());
 }
 
 }  // namespace

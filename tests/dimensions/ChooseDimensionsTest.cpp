@@ -3,6 +3,7 @@
 #include "driver/Controls.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/support/HostDoubles.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/TestedThreadWindow.h"
 #include "tests/support/WithUser.h"
 
@@ -13,10 +14,10 @@ class Bridge : public DimensionChooserTest {
 protected:
     Bridge() {
         const ComPtr<IXMLDOMDocument> document = ParseXml("<r><s A='1'/><s A='2'/></r>");
-        document_ = document.As<IDispatch>(IID_IDispatch);
-        node_ = RootOf(document).As<IDispatch>(IID_IDispatch);
-        list_ = SelectNodes(RootOf(document), L"s").As<IDispatch>(IID_IDispatch);
-        names_ = SelectNodes(RootOf(ParseXml("<n><A/></n>")), L"*").As<IDispatch>(IID_IDispatch);
+        document_ = document.As<IDispatch>();
+        node_ = RootOf(document).As<IDispatch>();
+        list_ = SelectNodes(RootOf(document), L"s").As<IDispatch>();
+        names_ = SelectNodes(RootOf(ParseXml("<n><A/></n>")), L"*").As<IDispatch>();
     }
 
     static VARIANT Holding(IDispatch* object) {
@@ -81,7 +82,7 @@ TEST_F(Bridge, RefusesObjectsOfAnotherKind) {
 }
 
 TEST_F(Bridge, TakesAnythingElseForNone) {
-    Variant text, number, unknown, empty;
+    RawVariant text, number, unknown, empty;
     text.vt = VT_BSTR;
     text.bstrVal = SysAllocString(L"rows");
     number.vt = VT_I4;
@@ -166,7 +167,7 @@ TEST_F(Bridge, GivesTheRowItselfWithAReferenceForTheCaller) {
         [](driver::User& user) { DimensionChooser(user).Take(1); });
     ComPtr<IDispatch> owner;
     owner.Attach(chosen);
-    const auto row = owner.As<IXMLDOMNode>(IID_IXMLDOMNode);
+    const auto row = owner.As<IXMLDOMNode>();
     ASSERT_TRUE(row);
     list_.Reset();
     node_.Reset();

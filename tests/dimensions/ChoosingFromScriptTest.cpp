@@ -4,6 +4,7 @@
 #include "driver/Input.h"
 #include "driver/Waiting.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/WithUser.h"
 
 namespace nux {
@@ -94,7 +95,7 @@ TEST_F(Registered, AClientGetsTheRowAndKeepsItBeyondTheObject) {
     {
         const auto names = SelectNodes(RootOf(ParseXml(table.Names())), L"*");
         const auto rows = SelectNodes(RootOf(ParseXml(table.Xml())), L"*");
-        Variant none, standard;
+        RawVariant none, standard;
         standard.vt = VT_DISPATCH;
         rows.CopyTo(&standard.pdispVal);
         WithUser(
@@ -112,7 +113,7 @@ TEST_F(Registered, AClientGetsTheRowAndKeepsItBeyondTheObject) {
     }
     parts.Reset();
     EXPECT_EQ(canUnload(), S_OK) << "objects of the module are left";
-    EXPECT_EQ(AttributeOf(chosen.As<IXMLDOMNode>(IID_IXMLDOMNode), "B"), "y");
+    EXPECT_EQ(AttributeOf(chosen.As<IXMLDOMNode>(), "B"), "y");
 }
 
 }  // namespace

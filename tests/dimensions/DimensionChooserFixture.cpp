@@ -2,8 +2,9 @@
 
 #include "environment/LanguageTable.h"
 #include "environment/Settings.h"
-#include "framework/Automation.h"
 #include "framework/Module.h"
+#include "framework/Text.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/WithUser.h"
 
 namespace nux {
@@ -21,7 +22,7 @@ void Store(const std::string& key, const char* value, DWORD type, const void* by
 }
 
 /// A VARIANT that holds the interface, or nothing for null.
-void SetDispatch(Variant& variant, const ComPtr<IDispatch>& object) {
+void SetDispatch(RawVariant& variant, const ComPtr<IDispatch>& object) {
     if (!object)
         return;
     variant.vt = VT_DISPATCH;
@@ -30,7 +31,7 @@ void SetDispatch(Variant& variant, const ComPtr<IDispatch>& object) {
 
 template <class Interface>
 ComPtr<IDispatch> AsDispatch(const ComPtr<Interface>& object) {
-    return object.template As<IDispatch>(IID_IDispatch);
+    return object;
 }
 
 ComPtr<IDispatch> RowsBelow(const std::optional<std::string>& xml) {
@@ -77,7 +78,7 @@ DimensionsResult DimensionChooserTest::Choose(const DimensionsCall& call,
     const Bstr catalog(Wide(call.catalog));
     const Bstr component(Wide(call.component));
     const ComPtr<IDispatch> names = AsDispatch(SelectNodes(RootOf(ParseXml(call.names)), L"*"));
-    Variant defaults, standard, users;
+    RawVariant defaults, standard, users;
     if (call.defaults)
         SetDispatch(defaults, AsDispatch(RootOf(ParseXml(*call.defaults))));
     SetDispatch(standard, RowsBelow(call.standard));
@@ -93,7 +94,7 @@ DimensionsResult DimensionChooserTest::Choose(const DimensionsCall& call,
 
 DimensionsResult DimensionChooserTest::ChooseFrom(IDispatch* names, const ComPtr<IDispatch>& standard,
                                                   const std::function<void(DimensionChooser&)>& deeds) {
-    Variant none, rows;
+    RawVariant none, rows;
     SetDispatch(rows, standard);
     return Run(
         [&](IDispatch** chosen) {
@@ -116,7 +117,7 @@ DimensionsResult DimensionChooserTest::Run(const std::function<HRESULT(IDispatch
     if (result.written) {
         ComPtr<IDispatch> row;
         row.Attach(chosen);
-        result.row = row.As<IXMLDOMNode>(IID_IXMLDOMNode);
+        result.row = row.As<IXMLDOMNode>();
     }
     return result;
 }

@@ -5,6 +5,7 @@
 
 #include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/support/FailingAllocations.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
@@ -57,7 +58,7 @@ protected:
 
     ComPtr<InuxStdParts> parts;
     ComPtr<IXMLDOMNodeList> names, rows;
-    Variant none, standard;
+    RawVariant none, standard;
     ComPtr<IDispatch> chosen;
     const Bstr catalog{L"A catalogue of some length"}, component{L"A component of some length"};
 };

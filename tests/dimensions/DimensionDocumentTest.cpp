@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "environment/XMLAccess.h"
-#include "framework/Automation.h"
+#include "framework/Text.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/support/TempFolder.h"
 

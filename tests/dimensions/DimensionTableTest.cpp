@@ -135,7 +135,7 @@ TEST_F(Table, ReadsAListFromItsStartWhereverItsReaderHasLeftIt) {
     names->nextNode(passed.Receive());
     rows->nextNode(passed.Receive());
     rows->nextNode(passed.Receive());
-    ChooseFrom(names.Get(), rows.As<IDispatch>(IID_IDispatch), [](DimensionChooser& chooser) {
+    ChooseFrom(names.Get(), rows.As<IDispatch>(), [](DimensionChooser& chooser) {
         EXPECT_EQ(chooser.Rows(), (Texts{"1|2", "3|4"}));
         chooser.Cancel();
     });
@@ -286,7 +286,7 @@ TEST_F(Table, ANameThatNoAttributeCanHaveShowsNoRows) {
     DimensionsCall call = Call({{"A"}, {{"1"}}});
     const auto names = SelectNodes(RootOf(ParseXml("<n><A/><!--comment--></n>")), L"node()");
     const auto rows = SelectNodes(RootOf(ParseXml(*call.standard)), L"*");
-    ChooseFrom(names.Get(), rows.As<IDispatch>(IID_IDispatch), [](DimensionChooser& chooser) {
+    ChooseFrom(names.Get(), rows.As<IDispatch>(), [](DimensionChooser& chooser) {
         EXPECT_EQ(chooser.List().ColumnCount(), 3);
         EXPECT_EQ(chooser.List().Caption(2), "#comment");
         EXPECT_EQ(chooser.List().RowCount(), 0);

@@ -8,6 +8,7 @@
 #include "framework/Module.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/support/HandleCount.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/WithUser.h"
 
 namespace nux {
@@ -113,7 +114,7 @@ TEST_F(Endurance, AThousandOpeningsOfAThousandRowsLeaveNothing) {
     const auto names = SelectNodes(RootOf(ParseXml(call.names)), L"*");
     const auto standard = SelectNodes(RootOf(ParseXml(*call.standard)), L"*");
     const auto users = SelectNodes(RootOf(ParseXml(*call.users)), L"*");
-    Variant none, standardRows, usersRows;
+    RawVariant none, standardRows, usersRows;
     standardRows.vt = usersRows.vt = VT_DISPATCH;
     standard.CopyTo(&standardRows.pdispVal);
     users.CopyTo(&usersRows.pdispVal);

@@ -4,6 +4,7 @@
 #include "driver/Input.h"
 #include "driver/Waiting.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/TestedThreadWindow.h"
 #include "tests/support/WithUser.h"
 
@@ -24,7 +25,7 @@ protected:
         void Choose(const SizeTable& table) {
             const auto names = SelectNodes(RootOf(ParseXml(table.Names())), L"*");
             const auto rows = SelectNodes(RootOf(ParseXml(table.Xml())), L"*");
-            Variant none, standard;
+            RawVariant none, standard;
             standard.vt = VT_DISPATCH;
             rows.CopyTo(&standard.pdispVal);
             const Bstr catalog(L"TEST"), component(L"PART");
@@ -32,9 +33,7 @@ protected:
                                               none, chosen.Receive());
             returned = true;
         }
-        std::string Value(const char* name) const {
-            return AttributeOf(chosen.As<IXMLDOMNode>(IID_IXMLDOMNode), name);
-        }
+        std::string Value(const char* name) const { return AttributeOf(chosen.As<IXMLDOMNode>(), name); }
     };
 
     /// Opens the outer chooser, from within its message loop the inner one, and lets the user do `deeds`.

@@ -331,6 +331,7 @@ TEST_F(QuickFilter, ARightButtonThatOpensNothingIsTheLists) {
     Look(call, [](DimensionChooser& chooser) {
         const driver::ListView& list = chooser.List();
         const auto press = [&](POINT at) {
+            driver::MovePointer(driver::OnScreen(list.Handle(), at));  // what counts is where the pointer is
             driver::PostMouse(list.Handle(), WM_RBUTTONDOWN, at, MK_RBUTTON);
             driver::PostMouse(list.Handle(), WM_RBUTTONUP, at);
             chooser.User().Settle();

@@ -1,7 +1,7 @@
 // Takes the pictures of the documentation: the windows of the dimension chooser in each of their states, for
 // a component of the sample installation.
 //   chooser_pictures INSTALLATION FOLDER      both with a closing backslash; the language is the user's
-// tests/chooser/take_pictures runs it and makes the pictures small.
+// tests/dimensions/take_pictures runs it and makes the pictures small.
 
 #include <windows.h>
 
@@ -17,12 +17,13 @@
 #include "driver/Picture.h"
 #include "driver/PointerInput.h"
 #include "driver/Waiting.h"
-#include "framework/Automation.h"
 #include "framework/ComObject.h"
 #include "framework/Module.h"
+#include "framework/Text.h"
 #include "resources/resource.h"
 #include "tests/dimensions/DimensionChooser.h"
 #include "tests/support/Dom.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/WithUser.h"
 
 namespace nux {
@@ -185,8 +186,8 @@ private:
 };
 
 ComPtr<IDispatch> NodesBelow(const ComPtr<IDispatch>& node, const wchar_t* expression) {
-    const auto parent = node.As<IXMLDOMNode>(IID_IXMLDOMNode);
-    return parent ? SelectNodes(parent, expression).As<IDispatch>(IID_IDispatch) : nullptr;
+    const auto parent = node.As<IXMLDOMNode>();
+    return parent ? SelectNodes(parent, expression).As<IDispatch>() : nullptr;
 }
 
 int TakePictures(const std::string& installation, const std::string& folder) {
@@ -200,7 +201,7 @@ int TakePictures(const std::string& installation, const std::string& folder) {
     parts->GetStdDimensionNode(catalog.Get(), component.Get(), standard.Receive());
     parts->GetUsrDimensionNode(catalog.Get(), component.Get(), users.Receive());
     const ComPtr<IDispatch> names = NodesBelow(document, L"//Part[ID='ISO4762']/Dimensions/*");
-    Variant none, standardRows, usersRows;
+    RawVariant none, standardRows, usersRows;
     standardRows.vt = usersRows.vt = VT_DISPATCH;
     standardRows.pdispVal = NodesBelow(standard, L"Row").Detach();
     usersRows.pdispVal = NodesBelow(users, L"Row").Detach();

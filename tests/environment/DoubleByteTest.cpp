@@ -6,8 +6,9 @@
 #include <string>
 
 #include "dimensions/DimensionDocument.h"
+#include "environment/Localisation.h"
 #include "environment/Paths.h"
-#include "framework/Automation.h"
+#include "framework/Text.h"
 #include "tests/support/HostDouble.h"
 #include "tests/support/LanguageFolders.h"
 

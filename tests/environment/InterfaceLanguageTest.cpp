@@ -7,6 +7,8 @@
 
 #include <string>
 
+#include "environment/Environment.h"
+#include "environment/Localisation.h"
 #include "tests/support/LanguageFolders.h"
 
 namespace nux {

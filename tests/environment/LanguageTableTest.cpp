@@ -218,16 +218,5 @@ TEST(InterfaceLanguage, IsEnglishForAnUnknownIdentifierWhenAnEnglishFolderExists
     EXPECT_EQ("English", Choose(0x7F7F, {"English", "German"}));
 }
 
-TEST(LocaleFolder, TakesThePlaceOfTheLastFourCharacters) {
-    EXPECT_EQ("C:\\app\\locale\\", LocaleFolderOf("C:\\app\\gui\\"));
-    EXPECT_EQ("C:\\applocale\\", LocaleFolderOf("C:\\app\\wiz"));
-    EXPECT_EQ("locale\\", LocaleFolderOf("gui\\"));
-}
-
-TEST(LocaleFolder, StandsAloneForAShorterPath) {
-    EXPECT_EQ("locale\\", LocaleFolderOf("ui\\"));
-    EXPECT_EQ("locale\\", LocaleFolderOf(""));
-}
-
 }  // namespace
 }  // namespace nux

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "environment/Environment.h"
+#include "environment/Localisation.h"
 #include "tests/support/HostDouble.h"
 #include "tests/support/LanguageFolders.h"
 #include "tests/support/ThreadLocale.h"

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "environment/XMLAccess.h"
-#include "framework/Automation.h"
+#include "framework/Text.h"
 #include "tests/support/TempFolder.h"
 
 namespace nux {

@@ -3,7 +3,8 @@
 #include <string>
 
 #include "environment/XMLAccess.h"
-#include "framework/Automation.h"
+#include "framework/Text.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/ThreadLocale.h"
 
@@ -211,9 +212,9 @@ TEST_F(DocumentCache, LeavesTheOtherPropertiesOfADocumentAtTheirDefaults) {
     }
     // Not every library of identifiers has that of IXMLDOMDocument2.
     constexpr IID document2{0x2933bf95, 0x7b36, 0x11d2, {0xb2, 0x0e, 0x00, 0xc0, 0x4f, 0x98, 0x3e, 0x60}};
-    Variant language;
+    RawVariant language;
     wchar_t name[] = L"SelectionLanguage";
-    EXPECT_EQ(S_OK, loaded.As<IXMLDOMDocument2>(document2)->getProperty(name, &language));
+    EXPECT_EQ(S_OK, Query<IXMLDOMDocument2>(loaded.Get(), document2)->getProperty(name, &language));
     EXPECT_STREQ(L"XSLPattern", language.bstrVal) << "pages select by whole node names";
 }
 

@@ -3,7 +3,8 @@
 #include <string>
 
 #include "environment/XMLAccess.h"
-#include "framework/Automation.h"
+#include "framework/Text.h"
+#include "tests/support/RawVariant.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/ThreadLocale.h"
 
@@ -65,7 +66,7 @@ TEST_F(NodeTexts, AreEmptyForADocumentWhoseValueIsNoString) {
 TEST_F(NodeTexts, AreEmptyForAValueOfAnotherType) {
     const auto root = Root("<a xmlns:dt='urn:schemas-microsoft-com:datatypes'><b dt:dt='i4'>42</b></a>");
     const auto number = Select(root, L"b");
-    Variant value;
+    RawVariant value;
     ASSERT_EQ(S_OK, number->get_nodeTypedValue(value.Receive()));
     ASSERT_EQ(VT_I4, value.vt);
     EXPECT_EQ("", GetNodeText(number.Get()));

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "environment/DiagnosticLog.h"
+#include "environment/Environment.h"
 #include "environment/InstallationPaths.h"
 #include "environment/Localisation.h"
 #include "environment/Settings.h"

@@ -44,7 +44,7 @@ public:
 protected:
     void OnLastRelease() noexcept {
         const ComPtr<IPersist> reference(this);
-        EXPECT_TRUE(reference.As<IPersist>(IID_IPersist));
+        EXPECT_TRUE(reference.As<IPersist>());
     }
 };
 
@@ -113,8 +113,8 @@ TEST(QueryInterface, AddsAReferenceForAnInterfaceThatIsOffered) {
 
 TEST(QueryInterface, GivesOneIdentityWhateverInterfaceIsAsked) {
     const auto object = MakeObject<Witness>();
-    const ComPtr<IPersist> persist = object.As<IPersist>(IID_IPersist);
-    EXPECT_EQ(object.As<IUnknown>(IID_IUnknown).Get(), persist.As<IUnknown>(IID_IUnknown).Get());
+    const ComPtr<IPersist> persist = object.As<IPersist>();
+    EXPECT_EQ(object.As<IUnknown>().Get(), persist.As<IUnknown>().Get());
 }
 
 TEST(QueryInterface, SetsTheOutArgumentToNullForAnUnknownInterface) {
@@ -142,9 +142,9 @@ TEST(ClassFactory, MakesAnObjectWithOneReference) {
 
 TEST(ClassFactory, OffersItsInterfaceAndIUnknownOnly) {
     const auto factory = MakeObject<ClassFactory<Witness>>();
-    EXPECT_TRUE(factory.As<IClassFactory>(IID_IClassFactory));
-    EXPECT_TRUE(factory.As<IUnknown>(IID_IUnknown));
-    EXPECT_FALSE(factory.As<IPersist>(IID_IPersist));
+    EXPECT_TRUE(factory.As<IClassFactory>());
+    EXPECT_TRUE(factory.As<IUnknown>());
+    EXPECT_FALSE(factory.As<IPersist>());
 }
 
 TEST(ClassFactory, RefusesANullOutArgument) {

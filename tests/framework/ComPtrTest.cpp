@@ -143,15 +143,15 @@ TEST(ComPtr, CopiesAFurtherReferenceToAnOutArgument) {
 
 TEST(Query, OwnsAReferenceOnTheInterfaceThatItFinds) {
     const ComPtr<IPersist> thing = MakeThing();
-    const ComPtr<IUnknown> unknown = Query<IUnknown>(thing.Get(), IID_IUnknown);
+    const ComPtr<IUnknown> unknown = Query<IUnknown>(thing.Get());
     EXPECT_TRUE(unknown);
     EXPECT_EQ(2u, References(thing.Get()));
 }
 
 TEST(Query, IsNullForANullObjectAndForAnUnknownInterface) {
-    EXPECT_FALSE(Query<IDispatch>(nullptr, IID_IDispatch));
-    EXPECT_FALSE(Query<IDispatch>(MakeThing().Get(), IID_IDispatch));
-    EXPECT_FALSE(ComPtr<IPersist>().As<IDispatch>(IID_IDispatch));
+    EXPECT_FALSE(Query<IDispatch>(nullptr));
+    EXPECT_FALSE(Query<IDispatch>(MakeThing().Get()));
+    EXPECT_FALSE(ComPtr<IPersist>().As<IDispatch>());
 }
 
 /// An object on the stack that leaves a pointer in the out argument of a query that it fails.
@@ -168,7 +168,7 @@ public:
 
 TEST(Query, ReleasesNothingThatAFailedQueryLeft) {
     LeavesAPointer object;
-    EXPECT_FALSE(Query<IDispatch>(&object, IID_IDispatch));
+    EXPECT_FALSE(Query<IDispatch>(&object));
     EXPECT_EQ(1, object.references);
 }
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "framework/Window.h"
+#include "framework/Dialog.h"
 #include "tests/framework/resource.h"
 
 namespace nux {
@@ -22,6 +22,7 @@ public:
 
     using Dialog::End;
     using Dialog::Item;
+    using Dialog::RethrowFailure;
     std::vector<UINT> received;
     UINT throwAt = 0;
 
@@ -135,7 +136,7 @@ TEST(Dialog, EndsAndRaisesTheExceptionOfAHandlerAgain) {
     Sample dialog([](Sample&) { throw std::runtime_error("handler"); });
     EXPECT_THROW(dialog.RunModal(nullptr, IDD_SAMPLE), std::runtime_error);
     EXPECT_EQ(nullptr, dialog.Handle());
-    EXPECT_NO_THROW(dialog.RethrowFailure());
+    EXPECT_NO_THROW(dialog.RethrowFailure()) << "it is raised once";
 }
 
 TEST(Dialog, EndsAndRaisesTheExceptionOfItsStartAgain) {

@@ -11,8 +11,10 @@ class DispatchProperty : public testing::Test {
 protected:
     DispatchProperty() {
         object->SetText(L"Name", L"read");
-        result.vt = VT_DISPATCH;
-        ComPtr<IDispatch>(before.Get()).CopyTo(&result.pdispVal);
+        VARIANT held{};
+        held.vt = VT_DISPATCH;
+        held.pdispVal = before.Get();
+        result.SetCopy(held);
     }
 
     const ComPtr<ComObject<NamedProperties>> object = MakeObject<NamedProperties>();
@@ -22,21 +24,21 @@ protected:
 
 TEST_F(DispatchProperty, TakesThePlaceOfWhatStoodInTheResult) {
     EXPECT_EQ(S_OK, GetDispatchProperty(object.Get(), L"Name", &result));
-    ASSERT_EQ(VT_BSTR, result.vt);
-    EXPECT_STREQ(L"read", result.bstrVal);
+    ASSERT_EQ(VT_BSTR, result.Type());
+    EXPECT_STREQ(L"read", result.Text());
     EXPECT_EQ(1u, References(before.Get()));
 }
 
 TEST_F(DispatchProperty, ThatIsUnknownLeavesTheResultEmpty) {
     EXPECT_EQ(DISP_E_UNKNOWNNAME, GetDispatchProperty(object.Get(), L"Other", &result));
-    EXPECT_EQ(VT_EMPTY, result.vt);
+    EXPECT_EQ(VT_EMPTY, result.Type());
     EXPECT_EQ(1u, References(before.Get()));
 }
 
 TEST_F(DispatchProperty, ThatFailsLeavesTheResultEmptyWhateverItHasWritten) {
     object->Fail(L"Name", DISP_E_EXCEPTION);
     EXPECT_EQ(DISP_E_EXCEPTION, GetDispatchProperty(object.Get(), L"Name", &result));
-    EXPECT_EQ(VT_EMPTY, result.vt);
+    EXPECT_EQ(VT_EMPTY, result.Type());
     EXPECT_EQ(1u, References(before.Get()));
 }
 

@@ -1,13 +1,14 @@
-#include "framework/TypeLibrary.h"
+#include "framework/Dispatch.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "Sample.h"
-#include "framework/Automation.h"
 #include "framework/ComObject.h"
 #include "framework/Module.h"
+#include "framework/Text.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
@@ -16,7 +17,7 @@ constexpr DISPID depth = 1;
 constexpr DISPID join = 2;
 constexpr DISPID fail = 3;
 
-class Sample : public Dispatch<ISample, &IID_ISample> {
+class Sample : public Dispatch<ISample> {
 public:
     STDMETHODIMP get_Depth(LONG* value) override {
         *value = depth_;
@@ -32,18 +33,12 @@ public:
     }
     STDMETHODIMP Fail(LONG code) override { return code; }
 
-protected:
-    void* FindInterface(REFIID iid) noexcept { return FindDispatchInterface(iid); }
-
 private:
     LONG depth_ = 0;
 };
 
 /// Dispatch of an interface that no type library of this module describes.
-class Undescribed : public Dispatch<IDispatch, &IID_IDispatch> {
-protected:
-    void* FindInterface(REFIID iid) noexcept { return FindDispatchInterface(iid); }
-};
+class Undescribed : public Dispatch<IDispatch> {};
 
 class DispatchTest : public testing::Test {
 protected:
@@ -68,7 +63,7 @@ TEST_F(DispatchTest, FindsTheNumbersOfNamesWhateverTheirCase) {
 }
 
 TEST_F(DispatchTest, SetsAndReadsAProperty) {
-    Variant value;
+    RawVariant value;
     value.vt = VT_I4;
     value.lVal = 42;
     DISPID named = DISPID_PROPERTYPUT;
@@ -79,7 +74,7 @@ TEST_F(DispatchTest, SetsAndReadsAProperty) {
         ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, static_cast<WORD>(flags),
                                         &put, nullptr, nullptr, nullptr));
         DISPPARAMS none{};
-        Variant result;
+        RawVariant result;
         ASSERT_EQ(S_OK, sample_->Invoke(depth, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYGET, &none,
                                         &result, nullptr, nullptr));
         EXPECT_EQ(VT_I4, result.vt);
@@ -88,12 +83,12 @@ TEST_F(DispatchTest, SetsAndReadsAProperty) {
 }
 
 TEST_F(DispatchTest, GivesTheLastOutArgumentAsResult) {
-    Variant arguments[2];  // the last argument comes first
+    RawVariant arguments[2];  // the last argument comes first
     arguments[0].vt = arguments[1].vt = VT_BSTR;
     arguments[0].bstrVal = Bstr(L"pin").Detach();
     arguments[1].bstrVal = Bstr(L"ejector ").Detach();
     DISPPARAMS parameters{arguments, nullptr, 2, 0};
-    Variant result;
+    RawVariant result;
     ASSERT_EQ(S_OK, sample_->Invoke(join, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD, &parameters,
                                     &result, nullptr, nullptr));
     ASSERT_TRUE(result.IsString());
@@ -101,7 +96,7 @@ TEST_F(DispatchTest, GivesTheLastOutArgumentAsResult) {
 }
 
 TEST_F(DispatchTest, TellsTheFailureOfAnOperationAsItsExceptionCode) {
-    Variant code;
+    RawVariant code;
     code.vt = VT_I4;
     code.lVal = E_ACCESSDENIED;
     DISPPARAMS parameters{&code, nullptr, 1, 0};
@@ -133,10 +128,10 @@ TEST_F(DispatchTest, HasOneTypeDescription) {
 }
 
 TEST_F(DispatchTest, OffersItsInterfaceAndItsBases) {
-    EXPECT_TRUE(sample_.As<ISample>(IID_ISample));
-    EXPECT_TRUE(sample_.As<IDispatch>(IID_IDispatch));
-    EXPECT_TRUE(sample_.As<IUnknown>(IID_IUnknown));
-    EXPECT_FALSE(sample_.As<IPersist>(IID_IPersist));
+    EXPECT_TRUE(sample_.As<ISample>());
+    EXPECT_TRUE(sample_.As<IDispatch>());
+    EXPECT_TRUE(sample_.As<IUnknown>());
+    EXPECT_FALSE(sample_.As<IPersist>());
 }
 
 TEST_F(DispatchTest, AnswersWithTheFailureOfTheLibraryWhenItIsNotDescribed) {

@@ -21,12 +21,14 @@ class Listener : public Window {
 public:
     using Answer = std::function<LRESULT(UINT)>;
 
-    explicit Listener(Answer answer = nullptr) : answer_(std::move(answer)) {}
+    explicit Listener(Answer answer = nullptr, MessageTarget* owner = nullptr)
+        : Window(owner), answer_(std::move(answer)) {}
 
     bool Received(UINT message) const {
         return std::find(received_.begin(), received_.end(), message) != received_.end();
     }
     int failures = 0;
+    using Window::RethrowFailure;
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -161,6 +163,19 @@ TEST_F(WindowTest, KeepsTheFirstOfSeveralExceptions) {
     EXPECT_THROW(window.RethrowFailure(), std::out_of_range);
 }
 
+TEST_F(WindowTest, GivesItsExceptionToTheOutermostOwner) {
+    Listener outer;
+    Listener middle(nullptr, &outer);
+    Listener inner([](UINT message) { return ThrowAt(message, question); }, &middle);
+    inner.Create(class_, nullptr, bounds, WS_POPUP);
+    SendMessageA(inner.Handle(), question, 0, 0);
+    EXPECT_EQ(1, inner.failures);
+    EXPECT_EQ(1, middle.failures) << "each owner is told, so that it can end its run";
+    EXPECT_EQ(1, outer.failures);
+    EXPECT_THROW(outer.RethrowFailure(), std::runtime_error);
+    EXPECT_NO_THROW(inner.RethrowFailure()) << "it is raised once";
+}
+
 TEST_F(WindowTest, IsUnboundAlsoWhenItsLastHandlerThrows) {
     Listener window([](UINT message) { return ThrowAt(message, WM_NCDESTROY); });
     window.Create(class_, nullptr, bounds, WS_POPUP);
@@ -211,121 +226,6 @@ TEST(WindowClassTest, IsUnregisteredAtItsEnd) {
         EXPECT_TRUE(description.style & CS_DBLCLKS);
     }
     EXPECT_FALSE(GetClassInfoExA(ThisModule(), "nuxWindowClassTest", &description));
-}
-
-/// A subclassed edit field that notes what it is told.
-class Watched : public SubclassedWindow {
-public:
-    int seen = 0;
-    bool throwing = false;
-    bool detaching = false;
-
-protected:
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == question) {
-            ++seen;
-            if (throwing)
-                throw std::runtime_error("handler");
-            return 42;
-        }
-        if (detaching && message == WM_SETTEXT)
-            Detach();
-        return Default(message, wParam, lParam);
-    }
-};
-
-class SubclassedWindowTest : public WindowTest {
-protected:
-    SubclassedWindowTest() {
-        parent_.Create(class_, nullptr, bounds, WS_POPUP);
-        edit_ = CreateWindowExA(0, "EDIT", "text", WS_CHILD, 0, 0, 50, 20, parent_.Handle(), nullptr, nullptr,
-                                nullptr);
-    }
-    std::string Text() const {
-        char text[32] = "";
-        GetWindowTextA(edit_, text, sizeof text);
-        return text;
-    }
-
-    Listener parent_;
-    HWND edit_ = nullptr;
-};
-
-TEST_F(SubclassedWindowTest, SeesTheMessagesOfTheControlFirst) {
-    Watched watched;
-    watched.Attach(edit_);
-    EXPECT_EQ(edit_, watched.Handle());
-    EXPECT_EQ(42, SendMessageA(edit_, question, 0, 0));
-    EXPECT_EQ(1, watched.seen);
-}
-
-TEST_F(SubclassedWindowTest, LeavesTheRestToTheControl) {
-    Watched watched;
-    watched.Attach(edit_);
-    SetWindowTextA(edit_, "new");
-    EXPECT_EQ("new", Text());
-}
-
-TEST_F(SubclassedWindowTest, DetachesWhenTheObjectGoesFirst) {
-    {
-        Watched watched;
-        watched.Attach(edit_);
-    }
-    EXPECT_EQ(0, SendMessageA(edit_, question, 0, 0));
-    EXPECT_EQ("text", Text());
-}
-
-TEST_F(SubclassedWindowTest, DetachesWhenTheControlGoesFirst) {
-    Watched watched;
-    watched.Attach(edit_);
-    DestroyWindow(edit_);
-    EXPECT_EQ(nullptr, watched.Handle());
-}
-
-TEST_F(SubclassedWindowTest, ChangesFromOneControlToAnother) {
-    Watched watched;
-    watched.Attach(edit_);
-    const HWND other =
-        CreateWindowExA(0, "EDIT", "", WS_CHILD, 0, 0, 50, 20, parent_.Handle(), nullptr, nullptr, nullptr);
-    watched.Attach(other);
-    EXPECT_EQ(0, SendMessageA(edit_, question, 0, 0));
-    EXPECT_EQ(42, SendMessageA(other, question, 0, 0));
-}
-
-TEST_F(SubclassedWindowTest, CanBeStackedOnOneControl) {
-    Watched lower;
-    lower.Attach(edit_);
-    {
-        Watched upper;
-        upper.Attach(edit_);
-        EXPECT_EQ(42, SendMessageA(edit_, question, 0, 0));
-        EXPECT_EQ(0, lower.seen);
-    }
-    EXPECT_EQ(42, SendMessageA(edit_, question, 0, 0));
-    EXPECT_EQ(1, lower.seen);
-}
-
-TEST_F(SubclassedWindowTest, LetsAMessageThroughDuringWhichItDetaches) {
-    Watched watched;
-    watched.detaching = true;
-    watched.Attach(edit_);
-    SetWindowTextA(edit_, "new");
-    EXPECT_EQ(nullptr, watched.Handle());
-    EXPECT_EQ("new", Text());
-}
-
-TEST_F(SubclassedWindowTest, KeepsAnExceptionOfAHandlerUntilItIsRaisedAgain) {
-    Watched watched;
-    watched.throwing = true;
-    watched.Attach(edit_);
-    EXPECT_EQ(0, SendMessageA(edit_, question, 0, 0));
-    EXPECT_THROW(watched.RethrowFailure(), std::runtime_error);
-}
-
-TEST_F(SubclassedWindowTest, ThrowsWhenThereIsNoSuchControl) {
-    Watched watched;
-    EXPECT_THROW(watched.Attach(nullptr), HResultError);
-    EXPECT_EQ(nullptr, watched.Handle());
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "framework/Automation.h"
+#include "framework/Text.h"
 
 namespace nux {
 namespace {

@@ -2,7 +2,8 @@
 
 #include <stdexcept>
 
-#include "framework/Automation.h"
+#include "framework/Text.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 namespace {
@@ -44,7 +45,7 @@ ComPtr<IXMLDOMDocument> ParseXml(const std::string& xml) {
 ComPtr<IXMLDOMNode> RootOf(const ComPtr<IXMLDOMDocument>& document) {
     ComPtr<IXMLDOMElement> root;
     document->get_documentElement(root.Receive());
-    return root.As<IXMLDOMNode>(IID_IXMLDOMNode);
+    return root.As<IXMLDOMNode>();
 }
 
 ComPtr<IXMLDOMNodeList> SelectNodes(const ComPtr<IXMLDOMNode>& node, const wchar_t* expression) {
@@ -55,8 +56,8 @@ ComPtr<IXMLDOMNodeList> SelectNodes(const ComPtr<IXMLDOMNode>& node, const wchar
 }
 
 std::string AttributeOf(const ComPtr<IXMLDOMNode>& row, const std::string& name) {
-    const auto element = row.As<IXMLDOMElement>(IID_IXMLDOMElement);
-    Variant value;
+    const auto element = row.As<IXMLDOMElement>();
+    RawVariant value;
     const Bstr text(Wide(name));
     if (!element || element->getAttribute(text.Get(), value.Receive()) != S_OK)
         return "(none)";

@@ -6,8 +6,8 @@
 
 #include "Inux3D.h"
 #include "environment/InstallationPaths.h"
-#include "framework/Automation.h"
 #include "framework/ComObject.h"
+#include "framework/Text.h"
 
 namespace nux {
 

@@ -1,4 +1,5 @@
 #include "tests/support/HostDoubles.h"
+#include "tests/support/RawVariant.h"
 
 #include <gtest/gtest.h>
 
@@ -24,14 +25,14 @@ void NamedProperties::Set(const std::wstring& name, VARIANT& value) {
 }
 
 void NamedProperties::SetNumber(const std::wstring& name, long number) {
-    Variant value;
+    RawVariant value;
     value.vt = VT_I4;
     value.lVal = number;
     Set(name, value);
 }
 
 void NamedProperties::SetText(const std::wstring& name, const std::wstring& text) {
-    Variant value;
+    RawVariant value;
     value.bstrVal = Bstr(text).Detach();
     value.vt = VT_BSTR;
     Set(name, value);

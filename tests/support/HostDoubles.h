@@ -8,8 +8,9 @@
 #include <vector>
 
 #include "Inux3D.h"
-#include "framework/Automation.h"
 #include "framework/ComObject.h"
+#include "framework/Text.h"
+#include "tests/support/RawVariant.h"
 
 namespace nux {
 
@@ -64,7 +65,7 @@ public:
 private:
     struct Property {
         std::wstring name;
-        Variant value;
+        RawVariant value;
         HRESULT result = S_OK;
     };
     Property& Find(const std::wstring& name);
@@ -78,8 +79,8 @@ private:
 class HostApplication : public HostDispatch {
 public:
     std::map<std::wstring, std::wstring> folders;
-    Variant otherAnswer;    ///< given instead of a folder, unless it is empty
-    HRESULT result = S_OK;  ///< of each call, beside the answer
+    RawVariant otherAnswer;  ///< given instead of a folder, unless it is empty
+    HRESULT result = S_OK;   ///< of each call, beside the answer
     std::vector<std::wstring> asked;
     LCID lcid = 0;
     WORD flags = 0;

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "environment/DiagnosticLog.h"
+#include "environment/Environment.h"
 #include "environment/InstallationPaths.h"
 #include "environment/LanguageTable.h"
-#include "environment/Localisation.h"
 #include "environment/XMLAccess.h"
 #include "framework/Module.h"
 #include "tests/support/TempFolder.h"

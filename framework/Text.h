@@ -27,6 +27,7 @@ public:
 
     BSTR Get() const noexcept { return text_; }
     UINT Length() const noexcept { return SysStringLen(text_); }
+    std::wstring_view View() const noexcept { return {text_, Length()}; }
     explicit operator bool() const noexcept { return text_ != nullptr; }
     [[nodiscard]] BSTR Detach() noexcept { return std::exchange(text_, nullptr); }
     /// For out arguments: what was held is freed first.
@@ -37,24 +38,6 @@ public:
 
 private:
     BSTR text_ = nullptr;
-};
-
-/// Owns a VARIANT and its content.
-class Variant : public VARIANT {
-public:
-    Variant() noexcept { VariantInit(this); }
-    Variant(const Variant&) = delete;
-    Variant& operator=(const Variant&) = delete;
-    ~Variant() { VariantClear(this); }
-
-    /// For out arguments: what was held is cleared first.
-    VARIANT* Receive() noexcept {
-        VariantClear(this);
-        return this;
-    }
-    /// Exchanges the contents of two variants.
-    void Swap(Variant& other) noexcept { std::swap<VARIANT>(*this, other); }
-    bool IsString() const noexcept { return vt == VT_BSTR; }
 };
 
 /// Narrows `length` wide characters into `codePage`. A character that the code page lacks becomes its

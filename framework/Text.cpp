@@ -1,4 +1,4 @@
-#include "framework/Automation.h"
+#include "framework/Text.h"
 
 #include <new>
 

@@ -1,4 +1,4 @@
-#include "framework/Automation.h"
+#include "framework/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -66,54 +66,6 @@ TEST(Bstr, IsEmptiedBeforeItReceives) {
     EXPECT_EQ(nullptr, *slot);
     *slot = SysAllocString(L"new");
     EXPECT_EQ(L"new"sv, View(text));
-}
-
-TEST(Variant, IsEmptyByDefault) {
-    const Variant value;
-    EXPECT_EQ(VT_EMPTY, value.vt);
-    EXPECT_FALSE(value.IsString());
-}
-
-TEST(Variant, IsClearedBeforeItReceives) {
-    Variant value;
-    value.vt = VT_BSTR;
-    value.bstrVal = SysAllocString(L"old");
-    EXPECT_TRUE(value.IsString());
-    EXPECT_EQ(VT_EMPTY, value.Receive()->vt);
-}
-
-TEST(Variant, ExchangesItsContentWithAnother) {
-    Variant text;
-    text.vt = VT_BSTR;
-    text.bstrVal = SysAllocString(L"text");
-    Variant number;
-    number.vt = VT_I4;
-    number.lVal = 5;
-    text.Swap(number);
-    ASSERT_TRUE(number.IsString());
-    EXPECT_STREQ(L"text", number.bstrVal);
-    EXPECT_EQ(VT_I4, text.vt);
-    EXPECT_EQ(5, text.lVal);
-}
-
-/// Counts its references, to see what a VARIANT does with it.
-class Referenced : public IUnknown {
-public:
-    STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-    STDMETHODIMP_(ULONG) Release() override { return --references; }
-    ULONG references = 0;
-};
-
-TEST(Variant, ReleasesTheObjectThatItHolds) {
-    Referenced object;
-    {
-        Variant value;
-        value.vt = VT_UNKNOWN;
-        value.punkVal = &object;
-        object.AddRef();
-    }
-    EXPECT_EQ(0u, object.references);
 }
 
 TEST(Narrow, ReadsANullStringAsEmpty) {

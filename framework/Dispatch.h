@@ -1,0 +1,55 @@
+#pragma once
+
+#include <windows.h>
+
+#include <ole2.h>
+
+#include "framework/HResult.h"
+#include "framework/Implements.h"
+#include "framework/TypeLibrary.h"
+
+namespace nux {
+
+/// IDispatch of a dual interface, by its description in the module's type library.
+template <class Interface>
+class Dispatch : public Implements<AlsoAs<Interface, IDispatch>> {
+public:
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+        if (!count)
+            return E_POINTER;
+        *count = 1;
+        return S_OK;
+    }
+
+    STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** typeInfo) override {
+        if (!typeInfo)
+            return E_POINTER;
+        *typeInfo = nullptr;
+        if (index != 0)
+            return DISP_E_BADINDEX;
+        return Guarded([&] {
+            *typeInfo = TypeInfoOf(IdOf<Interface>()).Detach();
+            return S_OK;
+        });
+    }
+
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+        if (!names || !ids)
+            return E_POINTER;
+        return Guarded([&] { return FindMembers(IdOf<Interface>(), names, count, ids); });
+    }
+
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO* exception, UINT* argumentError) override {
+        // VBScript's `Set` asks for a put by reference alone. A property here takes an object either way.
+        if (flags & DISPATCH_PROPERTYPUTREF)
+            flags |= DISPATCH_PROPERTYPUT;
+        return Guarded([&] {
+            return TypeInfoOf(IdOf<Interface>())
+                ->Invoke(static_cast<Interface*>(this), id, flags, parameters, result, exception,
+                         argumentError);
+        });
+    }
+};
+
+}  // namespace nux
