@@ -2,7 +2,7 @@
 // for mingw-w64, linked statically, in 32 and 64 bits:
 // - The library takes memory when a thread throws for the first time, and again when there is none for the
 //   exception itself and it locks what it has set aside for that. Without any it ended the process, just when
-//   std::bad_alloc was thrown (AllocationFailureTest and ExceptionTest in tests/control).
+//   std::bad_alloc was thrown (OutOfMemoryTest and ExceptionTest in tests/control).
 // - Each time that the module was loaded, threw and was unloaded, it left one of the process's 1088 places of
 //   the threads' own storage behind, four handles, and 19 KB in 32 bits or 77 KB in 64 (ExceptionTest).
 // Here nothing takes what can be missing, and all that the unloading thread has taken goes with the module.

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "tests/control/Component.h"
-#include "tests/control/FailingAllocations.h"
-#include "tests/control/ModuleFunctions.h"
+#include "tests/support/FailingAllocations.h"
 #include "tests/support/HandleCount.h"
+#include "tests/support/ModuleFunctions.h"
 #include "tests/support/PrivateMemory.h"
 
 namespace nux {
