@@ -67,6 +67,17 @@ set_tests_properties(double_byte_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "L
 nux_layer_tests(control)
 target_sources(control_tests PRIVATE control/Component.cpp control/ControlSite.cpp control/LifterWizardClass.cpp)
 add_dependencies(control_tests nuxStdPartsAX)
+# The shared run-time library of the compiler, which ExceptionTest loads beside the module, and what that needs itself.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    set(shared_run_time libgcc_s_dw2-1.dll libwinpthread-1.dll)
+else()
+    set(shared_run_time libgcc_s_seh-1.dll libwinpthread-1.dll)
+endif()
+foreach(library ${shared_run_time})
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
+        OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+    file(COPY ${path} DESTINATION ${CMAKE_CURRENT_BINARY_DIR})
+endforeach()
 # They register the component anew and use the desktop's focus.
 set_tests_properties(control_tests PROPERTIES RUN_SERIAL TRUE)
 

@@ -1,15 +1,25 @@
-// What exceptions need of the run-time library, for the 64-bit module, in the place of the library's own.
-//
-// The library takes memory when a thread throws for the first time, and again when there is none for the
-// exception itself and it locks what it has set aside for that. Without any it ends the process, just when
-// std::bad_alloc is thrown. It also leaves two handles of the thread behind when the module is unloaded. Here
-// neither takes what can be missing.
+// What C++ exceptions need of the run-time library, in the place of the library's own. Measured with GCC 12.2
+// for mingw-w64, linked statically, in 32 and 64 bits:
+// - The library takes memory when a thread throws for the first time, and again when there is none for the
+//   exception itself and it locks what it has set aside for that. Without any it ended the process, just when
+//   std::bad_alloc was thrown (OutOfMemoryTest and ExceptionTest in tests/control).
+// - Each time that the module was loaded, threw and was unloaded, it left one of the process's 1088 places of
+//   the threads' own storage behind, four handles, and 19 KB in 32 bits or 77 KB in 64 (ExceptionTest).
+// Here nothing takes what can be missing, and all that the unloading thread has taken goes with the module.
 
 #include <windows.h>
 
 #include <pthread.h>
 
 #include <cstdlib>
+
+namespace __gnu_cxx {
+
+/// Of libstdc++: frees what it has set aside for exceptions. It doesn't call this itself when a module is
+/// unloaded.
+void __freeres();
+
+}  // namespace __gnu_cxx
 
 namespace __cxxabiv1 {
 
@@ -28,10 +38,11 @@ public:
     StateOfThreads(const StateOfThreads&) = delete;
     StateOfThreads& operator=(const StateOfThreads&) = delete;
     ~StateOfThreads() {
-        // Of other threads' states nothing is known any more; each is as small as two pointers.
+        // The states of other threads stay, two pointers each: nobody knows where they are.
         if (void* own = TlsGetValue(slot_); own != &lastResort_)
             std::free(own);
         TlsFree(slot_);
+        __gnu_cxx::__freeres();
     }
 
     __cxa_eh_globals* Get() noexcept {
@@ -49,7 +60,7 @@ public:
 
 private:
     DWORD slot_;
-    /// Of threads that find no memory at their first exception. They share it from then on, which does harm
+    /// For threads that find no memory at their first exception. They share it from then on, which does harm
     /// only if two of them throw at the same time.
     __cxa_eh_globals lastResort_{};
 };
@@ -68,7 +79,7 @@ extern "C" __cxa_eh_globals* __cxa_get_globals_fast() noexcept {
 
 }  // namespace __cxxabiv1
 
-// The library's locks. Nothing else in the module uses any.
+// The locks of the library, which makes each by pthread_mutex_init. Nothing else in the module uses any.
 
 static_assert(sizeof(pthread_mutex_t) == sizeof(SRWLOCK));
 

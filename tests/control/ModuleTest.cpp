@@ -72,11 +72,12 @@ TEST(ModuleFile, HoldsItsTypeLibraryRegistryScriptIconsAndVersion) {
     ExpectResources(RegisteredModulePath());
 }
 
-TEST(ModuleFile, HoldsTheSameIn32Bits) {
+TEST(ModuleFile, HoldsTheSameInTheOtherWordSize) {
     std::wstring path = RegisteredModulePath();
-    const std::size_t place = path.rfind(L"x64");
-    ASSERT_NE(std::wstring::npos, place) << "the 64-bit module is the registered one";
-    path.replace(place, 3, L"x86");
+    const auto [own, other] = sizeof(void*) == 8 ? std::pair(L"x64", L"x86") : std::pair(L"x86", L"x64");
+    const std::size_t place = path.rfind(own);
+    ASSERT_NE(std::wstring::npos, place) << "the build has one folder for each word size";
+    path.replace(place, 3, other);
     ExpectResources(path);
 }
 

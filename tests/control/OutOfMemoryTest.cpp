@@ -76,8 +76,8 @@ protected:
             name, [] {}, call, verify);
     }
 
-    FailingAllocations failing{LoadedModule() ? LoadedModule()
-                                              : LoadLibraryW(RegisteredModulePath().c_str())};
+    const ModuleFunctions module{RegisteredModulePath()};
+    FailingAllocations failing{module.Handle()};
     bool failureIsSilent = false;  ///< of an operation that gives less instead of a failure
     ComPtr<ComObject<Host3D>> side = MakeObject<Host3D>();
     ComPtr<ComObject<NamedProperties>> host = MakeObject<NamedProperties>();
@@ -341,7 +341,6 @@ TEST_F(AllocationFailure, IsReportedByTheControl) {
 }
 
 TEST_F(AllocationFailure, IsReportedByTheClassFactory) {
-    const ModuleFunctions module(RegisteredModulePath());
     ComPtr<IClassFactory> factory;
     EXPECT_GT(FailEach("DllGetClassObject",
                        [&] {
