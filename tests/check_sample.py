@@ -3,15 +3,14 @@
 
 Usage: check_sample.py [installation folder]
 
-Prints one line per check and a closing line with the counts. The exit code is 1 if a check failed.
+Without a folder the sample installation is checked, also for the variety that its readers rely on. Prints one line per
+check and a closing line with the counts. The exit code is 1 if a check failed.
 """
 
 import re
 import sys
 import xml.etree.ElementTree as ET
 from pathlib import Path
-
-LANGUAGES = ("German", "French")
 
 # The texts that the program itself looks up in the common message file.
 PROGRAM_TEXTS = (
@@ -52,6 +51,9 @@ PROGRAM_TEXTS = (
 # The chooser reads a tree label back through a buffer of 64 bytes, a table reads 127 characters of a value.
 LONGEST_LABEL = 63
 LONGEST_VALUE = 127
+
+# What is left of a caption in a narrow column.
+SHORTEST_CAPTION = 6
 
 NUMBER = re.compile(r"[+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?")
 COMPONENT_ID = re.compile(r"[A-Za-z0-9_]+")
@@ -134,6 +136,8 @@ class Installation:
             for entry in root.findall("Catalog")
         ]
         self.families = [Family(u) for u in root.findall("CatalogUnions/CatalogUnion")]
+        # A language counts only with a folder here, also if every catalogue brings its messages along.
+        self.languages = sorted(path.name for path in (folder / "locale").glob("*") if path.is_dir())
         self.rows = {}
         for catalogue in self.catalogues:
             for component in catalogue.components:
@@ -208,6 +212,10 @@ def all_xml_well_formed(folder):
             parse(path)
         except ET.ParseError as error:
             yield f"{path.relative_to(folder)}: {error}"
+
+
+def utf8_declarations(folder):
+    for path in sorted(folder.glob("**/*.xml")):
         if not path.read_bytes().startswith(b'<?xml version="1.0" encoding="UTF-8"?>\n'):
             yield f"{path.relative_to(folder)}: no UTF-8 declaration"
 
@@ -219,6 +227,8 @@ def file_names_ascii(folder):
 
 
 def counts(installation):
+    for language in {"French", "German"} - set(installation.languages):
+        yield f"no {language}"
     for what, least, found in (
         ("catalogues", 4, len(installation.catalogues)),
         ("components", 30, len(installation.components())),
@@ -252,19 +262,13 @@ def families(installation):
             placed.add(member)
         if len(family.bases) != (1 if family.type == "1" else 0):
             yield f"{family.id} of type {family.type} has {len(family.bases)} base members"
-    for kind in ("0", "1"):
-        if kind not in [family.type for family in installation.families]:
-            yield f"no family of type {kind}"
 
 
-def merged_families_share_folders(installation):
+def merged_families_translate_alike(installation):
     for family in installation.families:
         if family.type != "1":
             continue
-        paths = [set(member.folder_paths) for member in installation.members(family)]
-        if sum(map(len, paths)) == len(set().union(*paths)):
-            yield f"{family.id}: no folder stands in two members"
-        for language in LANGUAGES:
+        for language in installation.languages:
             spelling = {}
             for member in installation.members(family):
                 table = installation.messages(member.id, language)
@@ -288,8 +292,6 @@ def component_descriptions(installation):
         where = f"{catalogue.id}/{component.id}"
         if not component.name and not component.code:
             yield f"{where} has neither name nor code name"
-        if not component.drafts or not all(file.startswith("drafts/") for _, _, file in component.drafts):
-            yield f"{where}: a draft is missing or lies outside drafts"
         if not (catalogue.folder / component.page).is_file():
             yield f"{where}: no page '{component.page}'"
         if set(component.captions) != set(component.defaults):
@@ -298,9 +300,7 @@ def component_descriptions(installation):
             yield f"{where}: dimensions and dimension file do not come together"
 
 
-def nested_folders(installation):
-    if all(len(path) < 2 for catalogue in installation.catalogues for path in catalogue.folder_paths):
-        yield "no folder lies in a folder"
+def named_folders(installation):
     for catalogue in installation.catalogues:
         for path in catalogue.folder_paths:
             if not all(path):
@@ -344,6 +344,26 @@ def standard_rows(installation):
             yield from row_complaints(catalogue.standard_file(component), component)
 
 
+def variety(installation):
+    for kind in ("0", "1"):
+        if kind not in [family.type for family in installation.families]:
+            yield f"no family of type {kind}"
+    for family in installation.families:
+        paths = [set(member.folder_paths) for member in installation.members(family)]
+        if family.type == "1" and sum(map(len, paths)) == len(set().union(*paths)):
+            yield f"{family.id}: no folder stands in two members"
+    if all(len(path) < 2 for catalogue in installation.catalogues for path in catalogue.folder_paths):
+        yield "no folder lies in a folder"
+    for catalogue, component in installation.components():
+        if not component.drafts or not all(file.startswith("drafts/") for _, _, file in component.drafts):
+            yield f"{component.id}: a draft is missing or lies outside drafts"
+    if not list(installation.folder.glob("catalogs/*/locale/*/*_Msgs.xml")):
+        yield "no catalogue brings a translation with it"
+    for path in installation.user_files():
+        if not 5 <= len(elements(parse(path))) <= 10:
+            yield f"{path.name} has not 5 to 10 rows"
+
+
 def variety_of_rows(installation):
     if not any(len(rows) >= 250 for rows in installation.rows.values()):
         yield "no file has 250 rows"
@@ -375,8 +395,6 @@ def user_rows(installation):
             continue
         yield from row_complaints(path, component)
         rows = [values(row) for row in elements(parse(path))]
-        if not 5 <= len(rows) <= 10:
-            yield f"{path.name}: {len(rows)} rows, 5 to 10 wanted"
         for row in set(rows) & {values(row) for row in installation.rows[component.id]}:
             yield f"{path.name}: {' '.join(row)} is a standard size"
 
@@ -396,23 +414,15 @@ def message_files(installation):
                 yield f"{where}: empty or padded: '{key}'"
             if re.findall("%.", key) != re.findall("%.", text):
                 yield f"{where}: placeholders differ: '{key}'"
-            try:
-                text.encode("cp1252")
-            except UnicodeEncodeError:
-                yield f"{where}: not in the Western European code page: '{text}'"
 
 
 def one_place_per_message_file(installation):
     identifiers = [catalogue.id for catalogue in installation.catalogues]
-    own_places = 0
     for identifier in identifiers:
-        for language in LANGUAGES:
+        for language in installation.languages:
             found = [place.is_file() for place in installation.message_places(identifier, language)]
             if sum(found) != 1:
                 yield f"{identifier}, {language}: {sum(found)} message files"
-            own_places += found[1]
-    if not own_places:
-        yield "no catalogue brings a translation with it"
     known = identifiers + [family.id for family in installation.families] + ["COMMON"]
     names = {f"{identifier}_Msgs.xml" for identifier in known}
     for path in installation.message_files():
@@ -421,7 +431,7 @@ def one_place_per_message_file(installation):
 
 
 def missing_entries(installation, identifier, texts):
-    for language in LANGUAGES:
+    for language in installation.languages:
         table = installation.messages(identifier, language)
         for text in sorted(texts):
             if not table.get(text):
@@ -446,7 +456,7 @@ def family_translations(installation):
         members = installation.members(family)
         names = {component.name for member in members for component in member.components} - {""}
         yield from missing_entries(installation, family.id, names)
-        for language in LANGUAGES:
+        for language in installation.languages:
             table = installation.messages(family.id, language)
             for member in members:
                 own = installation.messages(member.id, language)
@@ -458,7 +468,7 @@ def family_translations(installation):
 def labels_and_captions(installation):
     """Tree labels have to survive being read back; captions name registry keys, so no table has two alike."""
     for catalogue in installation.catalogues:
-        for language in ("",) + LANGUAGES:
+        for language in [""] + installation.languages:
             table = installation.messages(catalogue.id, language) if language else {}
             for component in catalogue.components:
                 captions = [table.get(caption, caption) for caption in component.captions.values()]
@@ -472,6 +482,25 @@ def labels_and_captions(installation):
                     yield f"{where}: a backslash would split a registry key"
 
 
+def narrow_captions(installation):
+    for catalogue in installation.catalogues:
+        for language in [""] + installation.languages:
+            table = installation.messages(catalogue.id, language) if language else {}
+            for component in catalogue.components:
+                starts = [table.get(caption, caption)[:SHORTEST_CAPTION] for caption in component.captions.values()]
+                for start in sorted({start for start in starts if starts.count(start) > 1}):
+                    yield f"{component.id}, {language or 'English'}: two captions start with '{start}'"
+
+
+def western_texts(installation):
+    for path in installation.message_files():
+        for _, text in message_pairs(parse(path)):
+            try:
+                text.encode("cp1252")
+            except UnicodeEncodeError:
+                yield f"{path.relative_to(installation.folder)}: '{text}'"
+
+
 def pages(installation):
     for page in ("data/Tarnvale.htm", "data/Wizard.htm", "gui/wizard"):
         if not (installation.folder / page).exists():
@@ -479,21 +508,19 @@ def pages(installation):
 
 
 FOLDER_CHECKS = (
-    ("every XML file is well formed and says that it is UTF-8", all_xml_well_formed),
+    ("every XML file is well formed", all_xml_well_formed),
     ("every file name is ASCII", file_names_ascii),
 )
 
 CHECKS = (
-    ("there are enough catalogues, components and files", counts),
     ("catalogues and families have names and IDs of their own", catalogue_list),
     ("families have members that exist, and one base member where they merge", families),
-    ("members of a merged family share folders and translate them alike", merged_families_share_folders),
+    ("members of a merged family translate their folders alike", merged_families_translate_alike),
     ("component IDs are plain and unique", component_ids),
-    ("components have a name, drafts, a page, captions and default values", component_descriptions),
-    ("folders are named, nested and not empty", nested_folders),
+    ("components have a name, a page, captions and default values", component_descriptions),
+    ("folders are named and not empty", named_folders),
     ("every standard dimension file belongs to a component", standard_files_belong),
     ("standard rows carry every dimension as attribute and as element", standard_rows),
-    ("there is a long file, and files with text columns", variety_of_rows),
     ("default values match a row", default_values),
     ("user's rows are well made and are no standard sizes", user_rows),
     ("message files hold pairs of ID and text", message_files),
@@ -502,7 +529,17 @@ CHECKS = (
     ("the catalogues' texts are translated", catalogue_translations),
     ("the families' component names are translated as their members' are", family_translations),
     ("labels and captions suit the tree and the registry", labels_and_captions),
+    ("captions can be told apart in narrow columns", narrow_captions),
     ("the installation has its pages", pages),
+)
+
+SAMPLE_FOLDER_CHECKS = (("every XML file says that it is UTF-8", utf8_declarations),)
+
+SAMPLE_CHECKS = (
+    ("there are enough languages, catalogues, components and files", counts),
+    ("there are families of both types, shared and nested folders, drafts, and user's files of some rows", variety),
+    ("there is a long file, and files with text columns", variety_of_rows),
+    ("translations are in the Western European code page", western_texts),
 )
 
 
@@ -512,15 +549,18 @@ def report(title, complaints):
 
 
 def main(arguments):
-    default = Path(__file__).resolve().parent.parent / "sample" / "installation"
-    folder = Path(arguments[0]) if arguments else default
-    passed = [report(title, list(check(folder))) for title, check in FOLDER_CHECKS]
+    sample = Path(__file__).resolve().parent.parent / "sample" / "installation"
+    folder = Path(arguments[0]).resolve() if arguments else sample
+    is_sample = folder == sample
+    folder_checks = FOLDER_CHECKS + (SAMPLE_FOLDER_CHECKS if is_sample else ())
+    passed = [report(title, list(check(folder))) for title, check in folder_checks]
     try:
         installation = Installation(folder)
-        passed += [report(title, list(check(installation))) for title, check in CHECKS]
+        checks = CHECKS + (SAMPLE_CHECKS if is_sample else ())
+        passed += [report(title, list(check(installation))) for title, check in checks]
     except (OSError, ET.ParseError) as error:
         passed.append(report("the installation can be read", [str(error)]))
-    print(f"{sum(passed)} passed, {len(passed) - sum(passed)} failed")
+    print(f"{folder}: {sum(passed)} passed, {len(passed) - sum(passed)} failed")
     return 0 if all(passed) else 1
 
 

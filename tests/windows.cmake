@@ -93,6 +93,10 @@ foreach(script ${scripts})
     set_tests_properties(script_${name} PROPERTIES RUN_SERIAL TRUE TIMEOUT 120)
 endforeach()
 
+# The sample's script clients tell of an error.
+add_test(NAME script_clients COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/scripts/run-clients)
+set_tests_properties(script_clients PROPERTIES RUN_SERIAL TRUE TIMEOUT 120)
+
 # The dimension chooser. Its programs bring the component's resources along, as the module does.
 add_library(chooser_support STATIC dimensions/DimensionChooser.cpp dimensions/DimensionChooserFixture.cpp)
 target_link_libraries(chooser_support PUBLIC test_support)

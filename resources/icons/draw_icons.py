@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Draws the icons of the component and writes the .ico and .bmp files beside this script.
 
-Every picture is a grid of characters, one character a pixel, coloured by PALETTE. To change an icon,
-edit its grid and run the script; the same grids always give the same bytes.
+Every picture is a grid of characters, one character a pixel, coloured by PALETTE. Some grids are written
+out; the others are drawn from shapes, once for each size. To change an icon, edit it and run the script; the
+same text always gives the same bytes.
 """
 
 import struct
@@ -15,7 +16,7 @@ VGA = [
     (128, 128, 128), (255, 0, 0), (0, 255, 0), (255, 255, 0),
     (0, 0, 255), (255, 0, 255), (0, 255, 255), (255, 255, 255),
 ]
-BLACK, SILVER, GRAY, RED, BLUE, AQUA, WHITE = 0, 7, 8, 9, 12, 14, 15
+BLACK, OLIVE, SILVER, GRAY, YELLOW, BLUE, AQUA, WHITE = 0, 3, 7, 8, 11, 12, 14, 15
 
 # Character: full colour, and its counterpart in VGA. The counterpart is chosen by hand because the
 # nearest of the 16 colours would turn the light blues grey.
@@ -27,7 +28,8 @@ PALETTE = {
     "g": ((143, 156, 173), GRAY),      # thin lines inside a fill
     "l": ((143, 199, 248), AQUA),      # accent, light tone
     "b": ((45, 120, 205), BLUE),       # accent
-    "r": ((224, 49, 49), RED),         # off
+    "y": ((255, 205, 64), YELLOW),     # filter, light tone: it stands out of grey and of a blue title
+    "o": ((214, 148, 20), OLIVE),      # filter, shaded tone
 }
 
 # A bitmap has no transparency: hosts that show a toolbox replace this grey by their own background.
@@ -86,193 +88,6 @@ COMPONENT_CHOOSER_32 = """
 ............#bbbb#bbbbbbbbbbbb#.
 ............#bbbb#############..
 ............######..............
-"""
-
-# A dimension line between its arrows, and the table to choose from with the chosen row in blue.
-DIMENSION_CHOOSER_16 = """
-################
-#wwwwwwwwwwwwww#
-#w#wwbwwwwbww#w#
-#w#wbbwwwwbbw#w#
-#w#bbbbbbbbbb#w#
-#w#wbbwwwwbbw#w#
-#w#wwbwwwwbww#w#
-#wwwwwwwwwwwwww#
-################
-#ssssgssssgssss#
-#ssssgssssgssss#
-#llllgllllgllll#
-#llllgllllgllll#
-#wwwwgwwwwgwwww#
-#wwwwgwwwwgwwww#
-################
-"""
-
-DIMENSION_CHOOSER_32 = """
-################################
-#ww#wwwwwwwwwwwwwwwwwwwwwwww#ww#
-#ww#wwwwwbbwwwwwwwwwwbbwwwww#ww#
-#ww#wwwbbbbwwwwwwwwwwbbbbwww#ww#
-#ww#wbbbbbbwwwwwwwwwwbbbbbbw#ww#
-#ww#bbbbbbbbbbbbbbbbbbbbbbbb#ww#
-#ww#wbbbbbbwwwwwwwwwwbbbbbbw#ww#
-#ww#wwwbbbbwwwwwwwwwwbbbbwww#ww#
-#ww#wwwwwbbwwwwwwwwwwbbwwwww#ww#
-#ww#wwwwwwwwwwwwwwwwwwwwwwww#ww#
-#wwwwwwwwwwwwwwwwwwwwwwwwwwwwww#
-################################
-#sssssssssgsssssssssgssssssssss#
-#ss#####ssgss#####ssgss######ss#
-#ss#####ssgss#####ssgss######ss#
-#sssssssssgsssssssssgssssssssss#
-#gggggggggggggggggggggggggggggg#
-#wwwwwwwwwgwwwwwwwwwgwwwwwwwwww#
-#wwgggggwwgwwgggggwwgwwggggggww#
-#wwgggggwwgwwgggggwwgwwggggggww#
-#wwwwwwwwwgwwwwwwwwwgwwwwwwwwww#
-#gggggggggggggggggggggggggggggg#
-#lllllllllglllllllllgllllllllll#
-#llbbbbbllgllbbbbbllgllbbbbbbll#
-#llbbbbbllgllbbbbbllgllbbbbbbll#
-#lllllllllglllllllllgllllllllll#
-#gggggggggggggggggggggggggggggg#
-#wwwwwwwwwgwwwwwwwwwgwwwwwwwwww#
-#wwgggggwwgwwgggggwwgwwggggggww#
-#wwgggggwwgwwgggggwwgwwggggggww#
-#wwwwwwwwwgwwwwwwwwwgwwwwwwwwww#
-################################
-"""
-
-# A person. Light inside a dark outline, so that it reads on white and on the colour of a selected row.
-USER_ROW_16 = """
-................
-......####......
-.....#wwww#.....
-....#wwwwws#....
-....#wwwwws#....
-....#wwwwss#....
-.....#wsss#.....
-.....######.....
-...##lllllb##...
-..#lllllllllb#..
-..#lllllllllb#..
-..#lllllllllb#..
-..#llllllllbb#..
-..#lllllllbbb#..
-..############..
-................
-"""
-
-# Short on top and an arrow up, the outline of the usual ascending triangle.
-SORT_ASCENDING_16 = """
-................
-...#....####....
-..#l#...#ww#....
-.#llb#..#ss#....
-#lllbb#.####....
-##llb##.........
-.#llb#..######..
-.#llb#..#wwww#..
-.#llb#..#ssss#..
-.#llb#..######..
-.#llb#..........
-.#llb#..########
-.#llb#..#wwwwww#
-.#llb#..#ssssss#
-.#####..########
-................
-"""
-
-SORT_DESCENDING_16 = """
-................
-.#####..########
-.#llb#..#wwwwww#
-.#llb#..#ssssss#
-.#llb#..########
-.#llb#..........
-.#llb#..######..
-.#llb#..#wwww#..
-.#llb#..#ssss#..
-.#llb#..######..
-##llb##.........
-#lllbb#.####....
-.#llb#..#ww#....
-..#b#...#ss#....
-...#....####....
-................
-"""
-
-FILTER_16 = """
-................
-.##############.
-#llllllllllllbb#
-#llllllllllbbbb#
-.##############.
-..#llllllllbb#..
-...#llllllbb#...
-....#llllbb#....
-.....#llbb#.....
-......#lb#......
-......#lb#......
-......#lb#......
-......#lb#......
-......#l#.......
-......##........
-................
-"""
-
-FILTER_32 = """
-................................
-.##############################.
-#lllllllllllllllllllllllllbbbbb#
-#lllllllllllllllllllllllbbbbbbb#
-#lllllllllllllllllllllbbbbbbbbb#
-#lllllllllllllllllllbbbbbbbbbbb#
-.##############################.
-...#llllllllllllllllbbbbbbbb#...
-....#lllllllllllllllbbbbbbb#....
-.....#lllllllllllllbbbbbbb#.....
-......#llllllllllllbbbbbb#......
-.......#lllllllllllbbbbb#.......
-........#lllllllllbbbbb#........
-.........#llllllllbbbb#.........
-..........#lllllllbbb#..........
-...........#lllllbbb#...........
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbbb#............
-............#lllbb##............
-............#lll##..............
-............#l##................
-............##..................
-................................
-"""
-
-FILTER_OFF_16 = """
-................
-.############...
-#wwwwwwwwwwss#..
-#wwwwwwwwssss#..
-.############...
-..#wwwwwwss#....
-...#wwwwss#.....
-....#wwss#......
-.....#ws#.......
-.....#ws#rr...rr
-.....#ws#rrr.rrr
-.....#ws#.rrrrr.
-.....#ws#..rrr..
-.....#w#..rrrrr.
-.....##..rrr.rrr
-.........rr...rr
 """
 
 # A window with a page's markup in it.
@@ -350,14 +165,130 @@ TOOLBOX_16 = """
 ................
 """
 
+# What follows is drawn from shapes. A shape tells whether it holds the point (x, y) of a square of 16 units.
+
+
+def Box(left, top, right, bottom):
+    return lambda x, y: left <= x < right and top <= y < bottom
+
+
+def Disc(middleX, middleY, radius):
+    return lambda x, y: (x - middleX) ** 2 + (y - middleY) ** 2 <= radius**2
+
+
+def Polygon(*corners):
+    edges = list(zip(corners, corners[1:] + corners[:1]))
+
+    def Holds(x, y):
+        crossed = [
+            (ax, ay, bx, by) for (ax, ay), (bx, by) in edges
+            if (ay > y) != (by > y) and x < ax + (bx - ax) * (y - ay) / (by - ay)
+        ]
+        return len(crossed) % 2 == 1
+
+    return Holds
+
+
+def UpsideDown(shape):
+    return lambda x, y: shape(x, 16 - y)
+
+
+class Drawing:
+    """A grid of `size` pixels a side, drawn shape by shape; the last one covers the others."""
+
+    def __init__(self, size):
+        self.size = size
+        self.pixels = {}
+
+    def Fill(self, shape, colour):
+        self.pixels.update({pixel: colour for pixel in self._Pixels(shape)})
+
+    def Add(self, shape, light, shaded=None, line="#"):
+        """A shape with a line of one pixel inside its edge; the right third of each row is shaded."""
+        pixels = self._Pixels(shape)
+        for x, y in pixels:
+            inside = all(p in pixels for p in ((x - 1, y), (x + 1, y), (x, y - 1), (x, y + 1)))
+            row = [column for column, other in pixels if other == y]
+            right = 3 * x > min(row) + 2 * max(row)
+            self.pixels[x, y] = line if not inside else shaded if shaded and right else light
+
+    def Grid(self):
+        side = range(self.size)
+        return "\n".join("".join(self.pixels.get((x, y), TRANSPARENT) for x in side) for y in side)
+
+    def _Pixels(self, shape):
+        unit = 16 / self.size
+        side = range(self.size)
+        return {(x, y) for y in side for x in side if shape((x + 0.5) * unit, (y + 0.5) * unit)}
+
+
+def DimensionChooser(size):
+    """A sheet with a headed pin on it, and the dimension line between its arrows above the pin."""
+    drawing = Drawing(size)
+    line = size // 16 * 16 / size
+    drawing.Add(Box(0, 0, 16, 16), "w")
+    for x in (2, 14 - line):
+        drawing.Fill(Box(x, 2, x + line, 9), "g")
+    drawing.Fill(Box(3, 4, 13, 4 + line), "#")
+    arrow = Polygon((2 + line, 4 + line / 2), (5.1 + line, 2), (5.1 + line, 6 + line))
+    for head in (arrow, lambda x, y: arrow(16 - x, y)):
+        drawing.Fill(head, "#")
+    drawing.Add(Box(5, 9, 14, 13), "l", "b")
+    drawing.Add(Box(2, 8, 6, 14), "l")
+    return drawing.Grid()
+
+
+def UserRow(size):
+    """A person. Light inside a dark outline: it reads on white and on the colour of a selected row."""
+    drawing = Drawing(size)
+    shoulders = Disc(8, 15.5, 7)
+    drawing.Add(lambda x, y: y < 15 and shoulders(x, y), "l", "b")
+    drawing.Add(Disc(8, 5, 4), "w", "s")
+    return drawing.Grid()
+
+
+def Sort(size, turned=lambda shape: shape):
+    """Short on top and an arrow up, the outline of the usual ascending triangle; turned for descending."""
+    drawing = Drawing(size)
+    arrow = Polygon((4, 0), (8.5, 5.5), (6, 5.5), (6, 15), (2, 15), (2, 5.5), (-0.5, 5.5))
+    drawing.Add(turned(arrow), "l", "b")
+    for bar in range(3):
+        drawing.Add(turned(Box(9, 1 + 5 * bar, 12 + 2 * bar, 5 + 5 * bar)), "w", "s")
+    return drawing.Grid()
+
+
+FUNNEL = ((0, 1), (16, 1), (16, 4), (10, 10), (10, 13), (6, 15.5), (6, 10), (0, 4))
+
+
+def Filter(size):
+    drawing = Drawing(size)
+    drawing.Add(Polygon(*FUNNEL), "y", "o")
+    return drawing.Grid()
+
+
+def FilterOff(size):
+    """The funnel without its colour, and a cross: no colour at all, so that what is greyed keeps no tint."""
+    drawing = Drawing(size)
+    drawing.Add(Polygon(*((x * 0.85, y * 0.9) for x, y in FUNNEL)), "w", "s")
+
+    def Cross(x, y):
+        x, y = abs(x - 11.5), abs(y - 11.5)
+        return abs(x - y) < 2.3 and max(x, y) < 4.5
+
+    drawing.Add(Cross, "#", line="w")
+    return drawing.Grid()
+
+
+SIZES = (16, 20, 24, 32)
+
 ICONS = {
     "component_chooser": [COMPONENT_CHOOSER_16, COMPONENT_CHOOSER_32],
-    "dimension_chooser": [DIMENSION_CHOOSER_16, DIMENSION_CHOOSER_32],
-    "user_row": [USER_ROW_16],
-    "sort_ascending": [SORT_ASCENDING_16],
-    "sort_descending": [SORT_DESCENDING_16],
-    "filter": [FILTER_16, FILTER_32],
-    "filter_off": [FILTER_OFF_16],
+    "dimension_chooser": [DimensionChooser(size) for size in SIZES],
+    "user_row": [UserRow(size) for size in SIZES],
+    "sort_ascending": [Sort(size) for size in SIZES],
+    "sort_descending": [Sort(size, UpsideDown) for size in SIZES],
+    "filter": [Filter(size) for size in SIZES],
+    "filter_off": [FilterOff(size) for size in SIZES],
     "html_dialog": [HTML_DIALOG_16, HTML_DIALOG_32],
 }
 TOOLBOX = TOOLBOX_16

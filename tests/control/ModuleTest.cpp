@@ -26,6 +26,21 @@ public:
         const HRSRC found = FindResourceA(module_, MAKEINTRESOURCEA(id), type);
         return found ? SizeofResource(module_, found) : 0;
     }
+    /// The widths in pixels of an icon's images in full colour.
+    std::vector<int> IconWidths(int id) const {
+        const HRSRC found = FindResourceA(module_, MAKEINTRESOURCEA(id), RT_GROUP_ICON);
+        if (!found)
+            return {};
+        const auto group = static_cast<const BYTE*>(LockResource(LoadResource(module_, found)));
+        const int count = group[4];
+        std::vector<int> widths;
+        for (int image = 0; image < count; ++image) {
+            const BYTE* entry = group + 6 + 14 * image;
+            if (entry[6] == 32)  // bits per pixel
+                widths.push_back(entry[0]);
+        }
+        return widths;
+    }
 
 private:
     HMODULE module_;
@@ -70,6 +85,14 @@ void ExpectResources(const std::wstring& path) {
 
 TEST(ModuleFile, HoldsItsTypeLibraryRegistryScriptIconsAndVersion) {
     ExpectResources(RegisteredModulePath());
+}
+
+TEST(ModuleFile, HasTheChoosersIconsForScreensOfEachScale) {
+    const ResourceFile file(RegisteredModulePath());
+    ASSERT_TRUE(file);
+    for (const int icon : {IDI_DIMENSION_CHOOSER, IDI_USER_ROW, IDI_SORT_ASCENDING, IDI_SORT_DESCENDING,
+                           IDI_FILTER, IDI_FILTER_OFF})
+        EXPECT_EQ((std::vector<int>{16, 20, 24, 32}), file.IconWidths(icon)) << icon;
 }
 
 TEST(ModuleFile, HoldsTheSameInTheOtherWordSize) {

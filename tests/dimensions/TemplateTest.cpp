@@ -39,7 +39,7 @@ const Control chooserControls[] = {
 };
 const Control filterControls[] = {
     {none, "Button", BS_GROUPBOX, " Filter type ", " Filterart ", 7, 7, 112, 109},
-    {IDC_FILTER_NONE, "Button", firstRadio, "None", "Keiner", 14, 20, 97, 10},
+    {IDC_FILTER_NONE, "Button", firstRadio, "None", "Kein Filter", 14, 20, 97, 10},
     {IDC_FILTER_EQUAL, "Button", radio, "Equal to", "Gleich", 14, 31, 97, 10},
     {IDC_FILTER_BETWEEN, "Button", radio, "Between", "Zwischen", 14, 42, 97, 10},
     {IDC_FILTER_SMALLER_OR_EQUAL, "Button", radio, "Smaller or equal", "Kleiner oder gleich", 14, 53, 97, 10},
@@ -49,7 +49,7 @@ const Control filterControls[] = {
      14, 64, 97, 10},
     {IDC_LOWER_LIMIT_LABEL, "Static", SS_LEFT | WS_GROUP, "Lower limit:", "Untere Grenze:", 14, 81, 50, 8},
     {IDC_LOWER_LIMIT, "ComboBox", CBS_DROPDOWN | WS_GROUP, nullptr, nullptr, 71, 78, 41, 60},
-    {IDC_UPPER_LIMIT_LABEL, "Static", SS_LEFT | WS_GROUP, "Upper limit", "Obere Grenze", 14, 95, 50, 8},
+    {IDC_UPPER_LIMIT_LABEL, "Static", SS_LEFT | WS_GROUP, "Upper limit", "Obere Grenze:", 14, 95, 50, 8},
     {IDC_UPPER_LIMIT, "ComboBox", CBS_DROPDOWN, nullptr, nullptr, 71, 93, 41, 52},
     {none, "Button", BS_GROUPBOX, " Database ", " Datenbank ", 126, 7, 119, 51},
     {IDC_DATABASE_STANDARD, "Button", firstRadio, "Standard", "Standard", 131, 20, 106, 10},
