@@ -24,6 +24,8 @@ std::string TreeView::Label(HTREEITEM item) const {
     asked.pszText = text;
     asked.cchTextMax = sizeof text;
     SendMessageA(control_, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&asked));
+    text[labelBuffer - 1] =
+        '\0';  // Wine 8.0 doesn't end a label that it cuts (TreeViewTest.LabelsAreReadUpTo63Bytes)
     return text;
 }
 
