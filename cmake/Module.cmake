@@ -64,10 +64,7 @@ add_library(platform INTERFACE)
 target_link_libraries(platform INTERFACE comctl32 ole32 oleaut32 uuid gdi32 advapi32 shell32)
 
 add_library(nuxStdPartsAX SHARED
-    control/module.cpp control/nuxStdPartsAX.def resources/nuxStdPartsAX.rc)
-if(CMAKE_SIZEOF_VOID_P EQUAL 8)  # the 32-bit run-time library can't be linked beside its replacement
-    target_sources(nuxStdPartsAX PRIVATE framework/ExceptionState.cpp)
-endif()
+    control/module.cpp control/nuxStdPartsAX.def framework/ExceptionState.cpp resources/nuxStdPartsAX.rc)
 target_link_libraries(nuxStdPartsAX PRIVATE component decisions platform)
 set_target_properties(nuxStdPartsAX PROPERTIES PREFIX "" LINK_DEPENDS ${PROJECT_SOURCE_DIR}/control/nuxStdPartsAX.def)
 add_dependencies(nuxStdPartsAX idl_nuxStdPartsAX)

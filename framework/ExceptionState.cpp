@@ -1,4 +1,4 @@
-// What exceptions need of the run-time library, for the 64-bit module, in the place of the library's own.
+// What exceptions need of the run-time library, for the module, in the place of the library's own.
 //
 // The library takes memory when a thread throws for the first time, and again when there is none for the
 // exception itself and it locks what it has set aside for that. Without any it ends the process, just when
@@ -78,6 +78,9 @@ extern "C" int pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexatt
 }
 
 extern "C" int pthread_mutex_lock(pthread_mutex_t* mutex) {
+    // The 32-bit library has a lock that is never initialised by a call.
+    InterlockedCompareExchangePointer(reinterpret_cast<void**>(mutex), nullptr,
+                                      reinterpret_cast<void*>(PTHREAD_MUTEX_INITIALIZER));
     AcquireSRWLockExclusive(reinterpret_cast<SRWLOCK*>(mutex));
     return 0;
 }
@@ -88,5 +91,18 @@ extern "C" int pthread_mutex_unlock(pthread_mutex_t* mutex) {
 }
 
 extern "C" int pthread_mutex_destroy(pthread_mutex_t*) {
+    return 0;
+}
+
+// The 32-bit library prepares a table of its own with it when something is thrown for the first time.
+
+extern "C" int pthread_once(pthread_once_t* once, void (*initialise)()) {
+    static SRWLOCK lock = SRWLOCK_INIT;
+    AcquireSRWLockExclusive(&lock);
+    if (*once == PTHREAD_ONCE_INIT) {
+        initialise();
+        *once = 1;
+    }
+    ReleaseSRWLockExclusive(&lock);
     return 0;
 }
