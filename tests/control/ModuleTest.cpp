@@ -72,14 +72,6 @@ TEST(ModuleFile, HoldsItsTypeLibraryRegistryScriptIconsAndVersion) {
     ExpectResources(RegisteredModulePath());
 }
 
-TEST(ModuleFile, HoldsTheSameIn32Bits) {
-    std::wstring path = RegisteredModulePath();
-    const std::size_t place = path.rfind(L"x64");
-    ASSERT_NE(std::wstring::npos, place) << "the 64-bit module is the registered one";
-    path.replace(place, 3, L"x86");
-    ExpectResources(path);
-}
-
 class ModuleLife : public testing::Test {
 protected:
     const ModuleFunctions module{RegisteredModulePath()};

@@ -233,16 +233,17 @@ TEST_F(ObjectLife, AValueThatGoesMayPutAnother) {
     EXPECT_EQ(E_FAIL, manager->get_CavityPlateSizes(read.Receive())) << "cleared by the old value";
 }
 
+std::vector<DWORD> revoked;
+
+HRESULT WINAPI NoteRevocation(DWORD cookie, void*) {
+    revoked.push_back(cookie);
+    return S_OK;
+}
+
 TEST_F(ObjectLife, NoRegistrationAsActiveObjectIsRevokedAtTheEnd) {
-    static std::vector<DWORD> revoked;
     revoked.clear();
-    const auto note = [](DWORD cookie, void*) -> HRESULT {
-        revoked.push_back(cookie);
-        return S_OK;
-    };
-    HRESULT(WINAPI* const replacement)(DWORD, void*) = note;
     const ImportPatch patch(LoadedModule(), "OLEAUT32.dll", "RevokeActiveObject",
-                            reinterpret_cast<void*>(replacement));
+                            reinterpret_cast<void*>(&NoteRevocation));
     ASSERT_TRUE(patch);
     ReleaseParts();
     EXPECT_EQ((std::vector<DWORD>{0}), revoked);

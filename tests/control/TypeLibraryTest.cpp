@@ -150,7 +150,7 @@ TEST_F(TypeLibraryInTheModule, TellsItsNameVersionAndHelpString) {
     EXPECT_EQ(1, attributes->wMajorVerNum);
     EXPECT_EQ(0, attributes->wMinorVerNum);
     EXPECT_EQ(0u, attributes->lcid);
-    EXPECT_EQ(SYS_WIN64, attributes->syskind);
+    EXPECT_EQ(sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32, attributes->syskind);
     wchar_t guid[40];
     StringFromGUID2(attributes->guid, guid, 40);
     EXPECT_STREQ(L"{B4E491E9-013B-46AC-8423-5AA1DCA6ABC7}", guid) << "as the registry script has it";

@@ -3,6 +3,15 @@
 #include "tests/driver/Waiting.h"
 
 namespace driver {
+namespace {
+
+BOOL CALLBACK AddVisible(HWND window, LPARAM list) {
+    if (IsWindowVisible(window))
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
+}  // namespace
 
 std::string TextOf(HWND window) {
     wchar_t wide[1024];
@@ -19,13 +28,7 @@ std::string ClassOf(HWND window) {
 
 std::vector<HWND> Application::Windows() const {
     std::vector<HWND> all;
-    EnumWindows(
-        [](HWND window, LPARAM list) -> BOOL {
-            if (IsWindowVisible(window))
-                reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&all));
+    EnumWindows(AddVisible, reinterpret_cast<LPARAM>(&all));
     std::erase_if(all, [this](HWND window) {
         DWORD process = 0;
         const DWORD thread = GetWindowThreadProcessId(window, &process);

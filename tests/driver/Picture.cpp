@@ -10,14 +10,14 @@
 namespace driver {
 namespace {
 
+BOOL CALLBACK Paint(HWND window, LPARAM) {
+    if (IsWindowVisible(window))
+        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    return TRUE;
+}
+
 void PaintAll() {
-    EnumWindows(
-        [](HWND window, LPARAM) -> BOOL {
-            if (IsWindowVisible(window))
-                RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-            return TRUE;
-        },
-        0);
+    EnumWindows(Paint, 0);
     GdiFlush();
 }
 

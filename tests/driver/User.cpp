@@ -18,12 +18,7 @@ class BarrierWindow {
 public:
     BarrierWindow() {
         WNDCLASSA description{};
-        description.lpfnWndProc = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-            if (message != passBarrier)
-                return DefWindowProcA(window, message, wParam, lParam);
-            SetEvent(reinterpret_cast<HANDLE>(wParam));
-            return 0;
-        };
+        description.lpfnWndProc = Procedure;
         description.hInstance = GetModuleHandleA(nullptr);
         description.lpszClassName = "driver.Barrier";
         RegisterClassA(&description);  // fails if it is there already, which is fine
@@ -36,6 +31,13 @@ public:
     HWND Handle() const { return window_; }
 
 private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message != passBarrier)
+            return DefWindowProcA(window, message, wParam, lParam);
+        SetEvent(reinterpret_cast<HANDLE>(wParam));
+        return 0;
+    }
+
     HWND window_;
 };
 
