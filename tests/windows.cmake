@@ -1,4 +1,4 @@
-# Tests of the window and COM code: they run under Wine, in the prefix that tests/with-wine has made.
+# Tests of the window and COM code: they run under Wine, each in a prefix of its own.
 
 add_library(test_support STATIC support/main.cpp support/ChildProcess.cpp support/HandleCount.cpp support/PrivateMemory.cpp
     support/TempFolder.cpp)
@@ -65,15 +65,15 @@ add_executable(chooser_endurance_tests chooser/EnduranceTest.cpp)
 target_link_libraries(chooser_endurance_tests PRIVATE chooser_support component_resources psapi)
 
 add_test(NAME chooser_endurance_tests COMMAND chooser_endurance_tests)
-set_tests_properties(chooser_endurance_tests PROPERTIES TIMEOUT 600 RUN_SERIAL TRUE)
+set_tests_properties(chooser_endurance_tests PROPERTIES TIMEOUT 600 LABELS once)
 
-# A decimal point, a decimal comma, double-byte texts. They use the pointer and the desktop's focus.
-foreach(locale en_US de_DE ja_JP)
-    foreach(program chooser_tests chooser_messages_tests)
+# A decimal point, a decimal comma, double-byte texts.
+foreach(program chooser_tests chooser_messages_tests)
+    foreach(locale en_US de_DE ja_JP)
         add_test(NAME ${program}_${locale} COMMAND ${program})
-        set_tests_properties(${program}_${locale} PROPERTIES
-            TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
+        set_tests_properties(${program}_${locale} PROPERTIES TIMEOUT 300 ENVIRONMENT "NUX_LOCALE=${locale}.UTF-8")
     endforeach()
+    set_tests_properties(${program}_de_DE ${program}_ja_JP PROPERTIES LABELS once)
 endforeach()
 
 add_executable(chooser_pictures chooser/pictures.cpp)
@@ -86,20 +86,28 @@ add_dependencies(environment_tests fresh_process resource_german)
 target_sources(environment_tests PRIVATE control/ImportPatch.cpp)
 
 nux_windows_test(huge_files_tests environment/huge/HugeFilesTest.cpp)
+set_tests_properties(huge_files_tests PROPERTIES LABELS once)
 
-# The language comes from the locale of the process, and the platform keeps what it derives from it in the registry:
-# no other test runs beside these.
+# The language comes from the locale of the process.
 add_executable(language_tests languages/InterfaceLanguageTest.cpp)
 target_link_libraries(language_tests PRIVATE test_support)
 foreach(locale de_AT de_CH de_DE en_US ja_JP cy_GB gl_ES)
     add_test(NAME language_tests_${locale} COMMAND language_tests ${locale})
-    set_tests_properties(language_tests_${locale} PROPERTIES
-        TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
+    set_tests_properties(language_tests_${locale} PROPERTIES TIMEOUT 300 LABELS once ENVIRONMENT "NUX_LOCALE=${locale}.UTF-8")
 endforeach()
+set_tests_properties(language_tests_en_US PROPERTIES LABELS "")
 nux_windows_test(double_byte_tests languages/DoubleByteTest.cpp)
-set_tests_properties(double_byte_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=ja_JP.UTF-8")
+set_tests_properties(double_byte_tests PROPERTIES LABELS once ENVIRONMENT "NUX_LOCALE=ja_JP.UTF-8")
 # In this time zone a stamp of the system's clock differs from one of the local clock.
-set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "TZ=XYZ-5:30")
+set_tests_properties(environment_tests PROPERTIES ENVIRONMENT "NUX_TIME_ZONE=XYZ-5:30")
+
+# The prefix that each of them gets a copy of.
+get_property(tests DIRECTORY PROPERTY TESTS)
+list(REMOVE_ITEM tests module_imports_and_exports)
+set_tests_properties(${tests} PROPERTIES FIXTURES_REQUIRED prefix)
+add_test(NAME prefix COMMAND ${PROJECT_SOURCE_DIR}/wine/make-prefix
+    ${PROJECT_BINARY_DIR}/prefix $<TARGET_FILE:nuxStdPartsAX>)
+set_tests_properties(prefix PROPERTIES FIXTURES_SETUP prefix TIMEOUT 120)
 
 # What nearly every test includes is compiled once.
 target_precompile_headers(test_support PRIVATE <windows.h> <gtest/gtest.h>)
