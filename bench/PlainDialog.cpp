@@ -6,8 +6,7 @@
 
 #include "bench/Sizes.h"
 #include "bench/TestFiles.h"
-#include "dimensions/ChooseStdDimsControls.h"
-#include "dimensions/ChooserList.h"
+#include "dimensions/SizeList.h"
 #include "framework/Icons.h"
 #include "framework/RedrawPause.h"
 #include "framework/Window.h"
@@ -27,7 +26,7 @@ private:
                 PrepareList(Item(IDC_SIZES));
                 MakeColumns(Item(IDC_SIZES));
                 Fill();
-                ChooserList::SelectRow(Item(IDC_SIZES), 0);
+                SizeList::SelectRow(Item(IDC_SIZES), 0);
                 return TRUE;
             case WM_COMMAND:
                 if (LOWORD(wParam) == IDC_ALL_FILTERS_OFF)

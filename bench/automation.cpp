@@ -10,11 +10,11 @@
 
 #include "bench/BareObject.h"
 #include "bench/Measurement.h"
+#include "driver/ScriptEngine.h"
 #include "framework/Automation.h"
 #include "framework/ComPtr.h"
 #include "framework/HResult.h"
 #include "nuxStdPartsAX.h"
-#include "tests/control/ScriptEngine.h"
 
 using namespace nux;
 using namespace nux::bench;

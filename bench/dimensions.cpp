@@ -19,15 +19,14 @@
 #include <stdexcept>
 #include <utility>
 
-#include "bench/ChooserFloor.h"
 #include "bench/Measurement.h"
 #include "bench/PlainDialog.h"
 #include "bench/Sizes.h"
+#include "bench/TableFloor.h"
 #include "bench/TestFiles.h"
 #include "bench/Transcription.h"
-#include "dimensions/ChooseStdDimsControls.h"
-#include "dimensions/ChooserSettings.h"
 #include "dimensions/DimNumber.h"
+#include "dimensions/DimensionSettings.h"
 #include "dimensions/DimensionTable.h"
 #include "dimensions/nuxChooseStdDims.h"
 #include "dimensions/nuxLVSort.h"
@@ -37,6 +36,7 @@
 #include "framework/Module.h"
 #include "framework/RedrawPause.h"
 #include "nuxStdPartsAX.h"
+#include "resources/resource.h"
 
 using namespace nux;
 using namespace nux::bench;
@@ -85,7 +85,7 @@ void RunDialog(Side side, HWND parent, const Sizes& sizes) {
 void StoreFilter() {
     nuxDimFilter standardOnly;
     standardOnly.SetNumber(FilterNone, 0.0, 0.0, DatabaseStandard);
-    ChooserSettings(catalogue, component).SetFilter(DimensionCaption(SizeFile::alternating), standardOnly);
+    DimensionSettings(catalogue, component).SetFilter(DimensionCaption(SizeFile::alternating), standardOnly);
 }
 
 struct DialogSeconds {

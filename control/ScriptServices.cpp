@@ -1,9 +1,9 @@
 #include <cwchar>
 #include <limits>
 
-#include "control/DispatchProperty.h"
 #include "control/nuxStdParts.h"
 #include "environment/DiagnosticLog.h"
+#include "framework/DispatchClient.h"
 #include "framework/Handles.h"
 
 namespace nux {

@@ -4,7 +4,7 @@
 
 #include "control/nuxStdParts.h"
 #include "framework/ClassFactory.h"
-#include "framework/RegistryScript.h"
+#include "framework/Registration.h"
 #include "resources/resource.h"
 
 BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {

@@ -1,9 +1,9 @@
 #include "control/nuxStdParts.h"
 
-#include "control/DispatchProperty.h"
 #include "environment/DiagnosticLog.h"
 #include "environment/InstallationPaths.h"
 #include "environment/XMLAccess.h"
+#include "framework/DispatchClient.h"
 
 namespace nux {
 namespace {

@@ -4,10 +4,10 @@
 
 #include "Inux3D.h"
 #include "control/BrowserEventSink.h"
+#include "control/OleControl.h"
 #include "control/nuxDataManager.h"
 #include "framework/Automation.h"
 #include "framework/ComObject.h"
-#include "framework/OleControl.h"
 #include "framework/TypeLibrary.h"
 #include "nuxStdPartsAX.h"
 

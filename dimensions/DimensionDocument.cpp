@@ -1,6 +1,6 @@
 #include "dimensions/DimensionDocument.h"
 
-#include "environment/PathTests.h"
+#include "environment/Paths.h"
 #include "environment/XMLAccess.h"
 #include "framework/Automation.h"
 #include "framework/ComPtr.h"

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "dimensions/ChooserKeys.h"
 #include "dimensions/DimNumber.h"
+#include "dimensions/DimensionKeys.h"
 #include "environment/Localisation.h"
 
 namespace nux {

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "dimensions/CellText.h"
 #include "dimensions/DimensionRows.h"
 #include "dimensions/DistinctValues.h"
-#include "dimensions/RowValues.h"
 #include "dimensions/nuxDimFilter.h"
 #include "framework/Automation.h"
 #include "framework/ComPtr.h"

@@ -8,12 +8,10 @@
 #include <vector>
 
 #include "dimensions/CMenuExImpl.h"
-#include "dimensions/ChooseStdDimsControls.h"
-#include "dimensions/ChooserKeys.h"
-#include "dimensions/ColumnMenu.h"
-#include "dimensions/ColumnOrder.h"
+#include "dimensions/Columns.h"
 #include "dimensions/DimNumber.h"
-#include "dimensions/QuickFilterChoice.h"
+#include "dimensions/DimensionKeys.h"
+#include "dimensions/QuickFilter.h"
 #include "dimensions/nuxDefineDimFilter.h"
 #include "dimensions/nuxLVSort.h"
 #include "dimensions/nuxQFWindow.h"
@@ -31,8 +29,8 @@ constexpr DWORD listStyle = LVS_EX_SUBITEMIMAGES | LVS_EX_HEADERDRAGDROP | LVS_E
 /// Image of a column with an active filter in the list of the header.
 constexpr int filterHeaderImage = 0;
 
-/// The buttons that move with the window's corner, in the order of ChooserLayout.
-constexpr std::array<int, ChooserLayout::buttonCount> buttons{IDC_ALL_FILTERS_OFF, IDOK, IDCANCEL};
+/// The buttons that move with the window's corner, in the order of DialogLayout.
+constexpr std::array<int, DialogLayout::buttonCount> buttons{IDC_ALL_FILTERS_OFF, IDOK, IDCANCEL};
 
 PixelRectangle ToPixels(const RECT& rectangle) noexcept {
     return {rectangle.left, rectangle.top, rectangle.right, rectangle.bottom};
@@ -165,7 +163,7 @@ void nuxChooseStdDims::TakeSelectedRow() {
 
 void nuxChooseStdDims::SelectDefaultRow() {
     if (table_.Rows().Count() > 0)
-        ChooserList::SelectRow(list_, DefaultRow());
+        SizeList::SelectRow(list_, DefaultRow());
 }
 
 int nuxChooseStdDims::DefaultRow() const {
@@ -208,12 +206,12 @@ void nuxChooseStdDims::SaveFilters() {
 void nuxChooseStdDims::LoadLayout() {
     const PixelPoint initial = layout_->InitialPosition();
     const PixelSize aboveMinimum{
-        settings_.Number(ChooserValues::widthAboveMinimum, ChooserValues::defaultAboveMinimum),
-        settings_.Number(ChooserValues::heightAboveMinimum, ChooserValues::defaultAboveMinimum)};
+        settings_.Number(DialogValues::widthAboveMinimum, DialogValues::defaultAboveMinimum),
+        settings_.Number(DialogValues::heightAboveMinimum, DialogValues::defaultAboveMinimum)};
     const PixelSize size = layout_->WindowSize(aboveMinimum);
     // The window goes where it stood last, also if no screen is there any more.
-    MoveWindow(Handle(), settings_.Number(ChooserValues::left, initial.x),
-               settings_.Number(ChooserValues::top, initial.y), size.width, size.height, FALSE);
+    MoveWindow(Handle(), settings_.Number(DialogValues::left, initial.x),
+               settings_.Number(DialogValues::top, initial.y), size.width, size.height, FALSE);
 
     std::vector<StoredColumn> stored;
     stored.push_back({true, 0});
@@ -228,20 +226,20 @@ void nuxChooseStdDims::LoadLayout() {
                                                                          ColumnValues::defaultWidth));
     }
     if (const auto order = StoredColumnOrder(stored))
-        ChooserList::SetColumnOrder(list_, *order);
+        SizeList::SetColumnOrder(list_, *order);
 }
 
 void nuxChooseStdDims::SaveLayout() {
     const PixelRectangle window = WindowRectangle(Handle());
     const PixelSize aboveMinimum =
         layout_->AboveMinimum({window.right - window.left, window.bottom - window.top});
-    settings_.SetNumber(ChooserValues::left, window.left);
-    settings_.SetNumber(ChooserValues::top, window.top);
-    settings_.SetNumber(ChooserValues::widthAboveMinimum, aboveMinimum.width);
-    settings_.SetNumber(ChooserValues::heightAboveMinimum, aboveMinimum.height);
+    settings_.SetNumber(DialogValues::left, window.left);
+    settings_.SetNumber(DialogValues::top, window.top);
+    settings_.SetNumber(DialogValues::widthAboveMinimum, aboveMinimum.width);
+    settings_.SetNumber(DialogValues::heightAboveMinimum, aboveMinimum.height);
 
     // Of columns with equal captions the last one counts, wherever it stands: columns go by their index here.
-    const std::vector<int> order = ChooserList::ColumnOrder(list_);
+    const std::vector<int> order = SizeList::ColumnOrder(list_);
     for (int column = 1; column < table_.ColumnCount(); ++column) {
         const auto position = std::find(order.begin(), order.end(), column) - order.begin();
         const std::string& caption = table_.At(column).caption;
@@ -250,15 +248,15 @@ void nuxChooseStdDims::SaveLayout() {
     }
 }
 
-ChooserLayout nuxChooseStdDims::MeasureLayout() const {
-    ChooserLayout::Buttons places{};
+DialogLayout nuxChooseStdDims::MeasureLayout() const {
+    DialogLayout::Buttons places{};
     for (std::size_t i = 0; i < buttons.size(); ++i) {
         const PixelRectangle button = WindowRectangle(Item(buttons[i]));
         POINT place{button.left, button.top};
         ScreenToClient(Handle(), &place);
         places[i] = {place.x, place.y};
     }
-    return ChooserLayout(WindowRectangle(Handle()), WindowRectangle(list_), places);
+    return DialogLayout(WindowRectangle(Handle()), WindowRectangle(list_), places);
 }
 
 void nuxChooseStdDims::OnPosChanging(WINDOWPOS& position) {
@@ -274,7 +272,7 @@ void nuxChooseStdDims::OnPosChanging(WINDOWPOS& position) {
 }
 
 void nuxChooseStdDims::RepositionControls(PixelSize window) {
-    const ChooserLayout::Placement placement = layout_->PlaceControls(window);
+    const DialogLayout::Placement placement = layout_->PlaceControls(window);
     SetWindowPos(list_, nullptr, 0, 0, placement.list.width, placement.list.height,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     InvalidateRect(ListView_GetHeader(list_), nullptr, TRUE);  // its old right edge would stay
@@ -321,7 +319,7 @@ void nuxChooseStdDims::TurnOffAllFilters() {
 
 void nuxChooseStdDims::SetColumnFormat(int column) {
     const Dimension& dimension = table_.At(column);
-    ChooserList::SetColumnFormat(
+    SizeList::SetColumnFormat(
         list_, column, dimension.filter.IsInactive() ? std::nullopt : std::optional<int>(filterHeaderImage),
         dimension.numeric);
 }

@@ -7,12 +7,12 @@
 #include <optional>
 #include <string>
 
-#include "dimensions/ChooserLayout.h"
-#include "dimensions/ChooserList.h"
-#include "dimensions/ChooserSettings.h"
+#include "dimensions/DimensionSettings.h"
 #include "dimensions/DimensionTable.h"
 #include "dimensions/FilterFields.h"
+#include "dimensions/SizeList.h"
 #include "framework/ComPtr.h"
+#include "framework/DialogLayout.h"
 #include "framework/Handles.h"
 #include "framework/Window.h"
 
@@ -59,7 +59,7 @@ private:
     void SaveFilters();
     void LoadLayout();
     void SaveLayout();
-    ChooserLayout MeasureLayout() const;
+    DialogLayout MeasureLayout() const;
     void RepositionControls(PixelSize window);
 
     /// Replaces the filter of a column and fills the list anew.
@@ -77,9 +77,9 @@ private:
     DimensionTable table_;
     ComPtr<IXMLDOMNode> defaults_;
     ComPtr<IXMLDOMNode> chosen_;
-    ChooserSettings settings_;
-    ChooserList listEvents_;
-    std::optional<ChooserLayout> layout_;  ///< from the moment when the template has been laid out
+    DimensionSettings settings_;
+    SizeList listEvents_;
+    std::optional<DialogLayout> layout_;  ///< from the moment when the template has been laid out
     UniqueIcon icon_;
     UniqueImageList headerImages_;
 };

@@ -4,7 +4,6 @@
 #include <utility>
 #include <variant>
 
-#include "dimensions/DefineDimFilterControls.h"
 #include "dimensions/DimNumber.h"
 #include "environment/Localisation.h"
 #include "framework/Icons.h"

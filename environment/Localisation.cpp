@@ -11,9 +11,9 @@
 #include "environment/InstallationPaths.h"
 #include "environment/LanguageTable.h"
 #include "environment/MessageTable.h"
-#include "environment/PathTests.h"
-#include "environment/ProductVersion.h"
+#include "environment/Paths.h"
 #include "environment/Registry.h"
+#include "environment/Settings.h"
 #include "environment/XMLAccess.h"
 #include "framework/Module.h"
 

@@ -21,5 +21,27 @@
 
 #define IDS_PROJECT_NAME 100
 
-// A control that no code asks for.
+// Controls of the dialogs, for their sources and templates only. OK and Cancel have the system's identifiers,
+// and a control that no code asks for has IDC_STATIC.
 #define IDC_STATIC -1
+
+// IDD_CHOOSE_DIMENSIONS
+#define IDC_SIZES 205
+#define IDC_ALL_FILTERS_OFF 230
+
+// IDD_DEFINE_FILTER
+#define IDC_FILTER_NONE 212
+#define IDC_FILTER_EQUAL 213
+#define IDC_FILTER_BETWEEN 214
+#define IDC_FILTER_SMALLER_OR_EQUAL 215
+#define IDC_FILTER_GREATER_OR_EQUAL 216
+#define IDC_DATABASE_STANDARD 219
+#define IDC_DATABASE_USER 220
+#define IDC_DATABASE_BOTH 221
+#define IDC_SORT_ASCENDING 222
+#define IDC_SORT_DESCENDING 223
+#define IDC_SORT_NONE 224
+#define IDC_LOWER_LIMIT 225
+#define IDC_UPPER_LIMIT 226
+#define IDC_LOWER_LIMIT_LABEL 227
+#define IDC_UPPER_LIMIT_LABEL 228

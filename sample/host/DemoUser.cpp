@@ -10,16 +10,15 @@
 #include <exception>
 #include <string>
 
-#include "dimensions/ChooseStdDimsControls.h"
-#include "dimensions/DefineDimFilterControls.h"
-#include "tests/driver/Application.h"
-#include "tests/driver/Controls.h"
-#include "tests/driver/Input.h"
-#include "tests/driver/ListView.h"
-#include "tests/driver/Messages.h"
-#include "tests/driver/Picture.h"
-#include "tests/driver/PointerInput.h"
-#include "tests/driver/Waiting.h"
+#include "driver/Application.h"
+#include "driver/Controls.h"
+#include "driver/Input.h"
+#include "driver/ListView.h"
+#include "driver/Messages.h"
+#include "driver/Picture.h"
+#include "driver/PointerInput.h"
+#include "driver/Waiting.h"
+#include "resources/resource.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <ocidl.h>
 
 #include "nuxStdPartsAX.h"
-#include "tests/control/HostDoubles.h"
+#include "tests/support/HostDoubles.h"
 
 namespace nux {
 

@@ -8,7 +8,7 @@
 #include <functional>
 #include <string>
 
-#include "tests/control/HostDoubles.h"
+#include "tests/support/HostDoubles.h"
 
 namespace nux {
 

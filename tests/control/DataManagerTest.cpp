@@ -3,7 +3,7 @@
 #include <cwchar>
 
 #include "tests/control/Component.h"
-#include "tests/control/HostDoubles.h"
+#include "tests/support/HostDoubles.h"
 #include "tests/support/ThreadLocale.h"
 
 namespace nux {

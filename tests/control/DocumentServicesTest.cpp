@@ -9,8 +9,8 @@
 #include <iterator>
 #include <string_view>
 
-#include "tests/control/HostDoubles.h"
-#include "tests/control/Installation.h"
+#include "tests/support/HostDoubles.h"
+#include "tests/support/Installation.h"
 #include "tests/support/ThreadLocale.h"
 
 namespace nux {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/control/Component.h"
-#include "tests/control/HostDoubles.h"
+#include "tests/support/HostDoubles.h"
 
 namespace nux {
 namespace {

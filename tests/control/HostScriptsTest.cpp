@@ -5,11 +5,11 @@
 #include <optional>
 #include <string>
 
-#include "tests/control/HostDoubles.h"
-#include "tests/control/ImportPatch.h"
-#include "tests/control/Installation.h"
+#include "driver/ScriptEngine.h"
 #include "tests/control/LifterWizardClass.h"
-#include "tests/control/ScriptEngine.h"
+#include "tests/support/HostDoubles.h"
+#include "tests/support/ImportPatch.h"
+#include "tests/support/Installation.h"
 
 namespace nux {
 namespace {

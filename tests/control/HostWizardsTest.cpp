@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/control/Component.h"
-#include "tests/control/HostDoubles.h"
 #include "tests/control/LifterWizardClass.h"
+#include "tests/support/HostDoubles.h"
 
 namespace nux {
 namespace {

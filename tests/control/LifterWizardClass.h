@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "framework/ComPtr.h"
-#include "tests/control/HostDoubles.h"
+#include "tests/support/HostDoubles.h"
 
 namespace nux {
 

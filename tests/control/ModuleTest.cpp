@@ -5,9 +5,9 @@
 
 #include "resources/resource.h"
 #include "tests/control/Component.h"
-#include "tests/control/HostDoubles.h"
-#include "tests/control/ModuleFunctions.h"
 #include "tests/support/HandleCount.h"
+#include "tests/support/HostDoubles.h"
+#include "tests/support/ModuleFunctions.h"
 
 namespace nux {
 namespace {

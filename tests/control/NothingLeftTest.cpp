@@ -7,9 +7,9 @@
 
 #include <functional>
 
-#include "tests/control/HostDoubles.h"
-#include "tests/control/Installation.h"
 #include "tests/support/HandleCount.h"
+#include "tests/support/HostDoubles.h"
+#include "tests/support/Installation.h"
 #include "tests/support/PrivateMemory.h"
 
 namespace nux {

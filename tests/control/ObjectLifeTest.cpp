@@ -4,10 +4,10 @@
 #include <utility>
 #include <vector>
 
-#include "tests/control/HostDoubles.h"
-#include "tests/control/ImportPatch.h"
-#include "tests/control/Installation.h"
 #include "tests/control/LifterWizardClass.h"
+#include "tests/support/HostDoubles.h"
+#include "tests/support/ImportPatch.h"
+#include "tests/support/Installation.h"
 
 namespace nux {
 namespace {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "framework/Handles.h"
-#include "tests/control/ImportPatch.h"
-#include "tests/control/Installation.h"
+#include "tests/support/ImportPatch.h"
+#include "tests/support/Installation.h"
 #include "tests/support/ThreadLocale.h"
 
 namespace nux {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "driver/ScriptEngine.h"
 #include "tests/control/Component.h"
-#include "tests/control/HostDoubles.h"
-#include "tests/control/ScriptEngine.h"
+#include "tests/support/HostDoubles.h"
 
 namespace nux {
 namespace {

@@ -5,15 +5,15 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
-#include "tests/driver/Controls.h"
-#include "tests/driver/Input.h"
-#include "tests/driver/ListView.h"
-#include "tests/driver/Messages.h"
-#include "tests/driver/Picture.h"
-#include "tests/driver/PointerInput.h"
-#include "tests/driver/PopupMenu.h"
-#include "tests/driver/User.h"
-#include "tests/driver/Waiting.h"
+#include "driver/Controls.h"
+#include "driver/Input.h"
+#include "driver/ListView.h"
+#include "driver/Messages.h"
+#include "driver/Picture.h"
+#include "driver/PointerInput.h"
+#include "driver/PopupMenu.h"
+#include "driver/Waiting.h"
+#include "tests/support/WithUser.h"
 
 namespace driver {
 namespace {
@@ -120,25 +120,25 @@ private:
 /// Opens the trial dialog and closes it when the user has done.
 void Try(TrialDialog& dialog, const std::function<void(User&, HWND)>& deeds) {
     INT_PTR result = 0;
-    WithUser([&] { result = dialog.Run(); },
-             [&](User& user) {
-                 const HWND window = user.Dialog("Trial");
-                 deeds(user, window);
-                 Click(Item(window, IDCANCEL));
-             });
+    nux::WithUser([&] { result = dialog.Run(); },
+                  [&](User& user) {
+                      const HWND window = user.Dialog("Trial");
+                      deeds(user, window);
+                      Click(Item(window, IDCANCEL));
+                  });
     EXPECT_EQ(result, 7);
 }
 
 TEST(Driver, AnswersAMessageBox) {
     int answer = 0;
     std::string text;
-    WithUser([&] { answer = MessageBoxA(nullptr, "Continue?", "Question", MB_YESNO); },
-             [&](User& user) {
-                 const HWND box = user.Dialog("Question");
-                 text = ControlText(Item(box, 0xFFFF));
-                 Click(Item(box, IDNO));
-                 WaitUntilGone(box);
-             });
+    nux::WithUser([&] { answer = MessageBoxA(nullptr, "Continue?", "Question", MB_YESNO); },
+                  [&](User& user) {
+                      const HWND box = user.Dialog("Question");
+                      text = ControlText(Item(box, 0xFFFF));
+                      Click(Item(box, IDNO));
+                      WaitUntilGone(box);
+                  });
     EXPECT_EQ(answer, IDNO);
     EXPECT_EQ(text, "Continue?");
 }

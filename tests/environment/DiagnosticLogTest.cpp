@@ -8,9 +8,9 @@
 #include <string>
 
 #include "framework/Handles.h"
-#include "tests/control/ImportPatch.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/HandleCount.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/support/TempFolder.h"
 
 namespace nux {

@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "environment/ProductVersion.h"
 #include "environment/Registry.h"
+#include "environment/Settings.h"
 #include "resources/resource.h"
-#include "tests/control/ImportPatch.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFolders.h"
 
 namespace nux {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/control/ImportPatch.h"
+#include "tests/support/ImportPatch.h"
 
 namespace nux {
 

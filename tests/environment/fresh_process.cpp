@@ -13,7 +13,7 @@
 #include "environment/DiagnosticLog.h"
 #include "environment/InstallationPaths.h"
 #include "environment/Localisation.h"
-#include "environment/ProductVersion.h"
+#include "environment/Settings.h"
 #include "framework/Module.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "dimensions/ColumnOrder.h"
+#include "dimensions/Columns.h"
 
 namespace {
 

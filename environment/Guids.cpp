@@ -1,0 +1,7 @@
+// Defines the identifiers of the host's interfaces.
+
+#include <windows.h>
+
+#include <initguid.h>
+
+#include "Inux3D.h"

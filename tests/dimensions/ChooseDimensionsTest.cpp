@@ -1,0 +1,212 @@
+// ChooseDimensions as hosts call it: its arguments, its results, its parent window.
+
+#include "driver/Controls.h"
+#include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/HostDoubles.h"
+#include "tests/support/TestedThreadWindow.h"
+#include "tests/support/WithUser.h"
+
+namespace nux {
+namespace {
+
+class Bridge : public DimensionChooserTest {
+protected:
+    Bridge() {
+        const ComPtr<IXMLDOMDocument> document = ParseXml("<r><s A='1'/><s A='2'/></r>");
+        document_ = document.As<IDispatch>(IID_IDispatch);
+        node_ = RootOf(document).As<IDispatch>(IID_IDispatch);
+        list_ = SelectNodes(RootOf(document), L"s").As<IDispatch>(IID_IDispatch);
+        names_ = SelectNodes(RootOf(ParseXml("<n><A/></n>")), L"*").As<IDispatch>(IID_IDispatch);
+    }
+
+    static VARIANT Holding(IDispatch* object) {
+        VARIANT variant{};
+        variant.vt = VT_DISPATCH;
+        variant.pdispVal = object;
+        return variant;
+    }
+
+    /// A call that must fail at once.
+    void ExpectRefused(IDispatch* names, const VARIANT& defaults, const VARIANT& standard,
+                       const VARIANT& users) {
+        auto* const untouched = reinterpret_cast<IDispatch*>(this);
+        IDispatch* chosen = untouched;
+        WithUser(
+            [&] {
+                EXPECT_EQ(
+                    Object().ChooseDimensions(nullptr, nullptr, names, defaults, standard, users, &chosen),
+                    E_INVALIDARG);
+            },
+            [](driver::User&) {});
+        EXPECT_EQ(chosen, untouched);
+        EXPECT_FALSE(KeyExists(Key("", "Default", "Default"))) << "a dialog was there";
+    }
+
+    /// The number of rows that a call shows.
+    int RowsShown(const VARIANT& defaults, const VARIANT& standard, const VARIANT& users) {
+        int rows = -1;
+        IDispatch* chosen = nullptr;
+        WithUser(
+            [&] {
+                EXPECT_EQ(Object().ChooseDimensions(nullptr, nullptr, names_.Get(), defaults, standard, users,
+                                                    &chosen),
+                          S_OK);
+            },
+            [&](driver::User& user) {
+                const DimensionChooser chooser(user);
+                rows = chooser.List().RowCount();
+                chooser.Cancel();
+            });
+        return rows;
+    }
+
+    const VARIANT none{};
+    ComPtr<IDispatch> document_, node_, list_, names_;
+};
+
+TEST_F(Bridge, NeedsAListOfNames) {
+    ExpectRefused(nullptr, none, Holding(list_.Get()), none);
+    ExpectRefused(node_.Get(), none, Holding(list_.Get()), none);
+    ExpectRefused(document_.Get(), none, none, none);
+    ExpectRefused(&Object(), none, none, none);
+}
+
+TEST_F(Bridge, RefusesObjectsOfAnotherKind) {
+    ExpectRefused(names_.Get(), Holding(list_.Get()), none, none);
+    ExpectRefused(names_.Get(), Holding(&Object()), none, none);
+    ExpectRefused(names_.Get(), none, Holding(node_.Get()), none);
+    ExpectRefused(names_.Get(), none, Holding(&Object()), none);
+    ExpectRefused(names_.Get(), none, none, Holding(node_.Get()));
+    ExpectRefused(names_.Get(), Holding(node_.Get()), Holding(list_.Get()), Holding(document_.Get()));
+}
+
+TEST_F(Bridge, TakesAnythingElseForNone) {
+    Variant text, number, unknown, empty;
+    text.vt = VT_BSTR;
+    text.bstrVal = SysAllocString(L"rows");
+    number.vt = VT_I4;
+    number.lVal = 5;
+    unknown.vt = VT_UNKNOWN;
+    unknown.punkVal = list_.Get();
+    list_->AddRef();
+    IDispatch* pointer = list_.Get();
+    VARIANT reference{};
+    reference.vt = VT_DISPATCH | VT_BYREF;
+    reference.ppdispVal = &pointer;
+    VARIANT null{};
+    null.vt = VT_NULL;
+    const VARIANT rows = Holding(list_.Get());
+    EXPECT_EQ(RowsShown(empty, rows, empty), 2);
+    EXPECT_EQ(RowsShown(text, empty, rows), 2);
+    EXPECT_EQ(RowsShown(number, rows, rows), 4);
+    EXPECT_EQ(RowsShown(null, text, number), 0);
+    EXPECT_EQ(RowsShown(none, unknown, reference), 0);
+    EXPECT_EQ(RowsShown(Holding(nullptr), Holding(nullptr), rows), 2);
+}
+
+TEST_F(Bridge, EmptyIdentifiersShareTheDefaultKey) {
+    EXPECT_EQ(RowsShown(none, Holding(list_.Get()), none), 2);
+    EXPECT_TRUE(KeyExists(Key("A", "Default", "Default")));
+    DimensionsCall call = Call({{"A"}, {{"1"}}});
+    call.catalog = "";
+    call.component = "PART";
+    RowsOf(call);
+    EXPECT_TRUE(KeyExists(Key("A", "Default", "PART")));
+    call.catalog = "TEST";
+    call.component = "";
+    RowsOf(call);
+    EXPECT_TRUE(KeyExists(Key("A", "TEST", "Default")));
+}
+
+TEST_F(Bridge, AnEmptyCatalogueTranslatesAsTheDefaultOne) {
+    Translate("Default", {{"A", "Breadth"}});
+    DimensionsCall call = Call({{"A"}, {{"1"}}});
+    call.catalog = "";
+    Look(call, [](DimensionChooser& chooser) { EXPECT_EQ(chooser.List().Caption(1), "Breadth"); });
+    call.catalog = "TEST";
+    Look(call, [](DimensionChooser& chooser) { EXPECT_EQ(chooser.List().Caption(1), "A"); });
+}
+
+TEST_F(Bridge, IdentifiersBeyondAsciiNameTheKey) {
+    DimensionsCall call = Call({{"A"}, {{"1"}}});
+    call.catalog = DoubleByteCodePage() ? "\xE8\xA1\xA8" : "Stifte \xC3\xBC";
+    call.component = DoubleByteCodePage() ? "\xE7\xA4\xBA" : "Gr\xC3\xB6\xC3\x9F";
+    RowsOf(call);
+    EXPECT_TRUE(KeyExists(Key("A", Ansi(call.catalog), Ansi(call.component))));
+}
+
+TEST_F(Bridge, LeavesTheResultUnwrittenOnCancelAndWritesNullWithoutARow) {
+    DimensionsCall call = Call({{"A"}, {}});
+    const DimensionsResult cancelled = Choose(call, [](DimensionChooser& chooser) { chooser.Cancel(); });
+    EXPECT_EQ(cancelled.answer, S_OK);
+    EXPECT_FALSE(cancelled.written);
+    const DimensionsResult empty = Choose(call, [](DimensionChooser& chooser) { chooser.Ok(); });
+    EXPECT_EQ(empty.answer, S_OK);
+    EXPECT_TRUE(empty.written);
+    EXPECT_FALSE(empty.row);
+}
+
+TEST_F(Bridge, WorksWithoutAPlaceForTheResult) {
+    WithUser(
+        [&] {
+            EXPECT_EQ(Object().ChooseDimensions(nullptr, nullptr, names_.Get(), none, Holding(list_.Get()),
+                                                none, nullptr),
+                      S_OK);
+        },
+        [](driver::User& user) { DimensionChooser(user).Ok(); });
+}
+
+TEST_F(Bridge, GivesTheRowItselfWithAReferenceForTheCaller) {
+    IDispatch* chosen = nullptr;
+    WithUser(
+        [&] {
+            Object().ChooseDimensions(nullptr, nullptr, names_.Get(), none, Holding(list_.Get()), none,
+                                      &chosen);
+        },
+        [](driver::User& user) { DimensionChooser(user).Take(1); });
+    ComPtr<IDispatch> owner;
+    owner.Attach(chosen);
+    const auto row = owner.As<IXMLDOMNode>(IID_IXMLDOMNode);
+    ASSERT_TRUE(row);
+    list_.Reset();
+    node_.Reset();
+    document_.Reset();
+    EXPECT_EQ(AttributeOf(row, "A"), "2");
+    ComPtr<IXMLDOMNode> parent;
+    EXPECT_EQ(row->get_parentNode(parent.Receive()), S_OK);
+}
+
+TEST_F(Bridge, TheActiveWindowIsTheParent) {
+    const TestedThreadWindow active;
+    active.Show();
+    SetActiveWindow(active.Handle());
+    HWND owner = nullptr;
+    bool enabled = true;
+    Look(Call({{"A"}, {{"1"}}}), [&](DimensionChooser& chooser) {
+        owner = GetWindow(chooser.Window(), GW_OWNER);
+        enabled = IsWindowEnabled(active.Handle());
+    });
+    EXPECT_EQ(owner, active.Handle());
+    EXPECT_FALSE(enabled);
+    EXPECT_TRUE(IsWindowEnabled(active.Handle()));
+}
+
+TEST_F(Bridge, TheHostsMainWindowIsNotTheParent) {
+    const TestedThreadWindow main, active;
+    main.Show();
+    active.Show();
+    SetActiveWindow(active.Handle());
+    const auto host = MakeObject<NamedProperties>();
+    host->SetNumber(L"MainWindowHWND", HandleToLong(main.Handle()));
+    const auto side = MakeObject<Host3D>();
+    ASSERT_EQ(Object().put_nux3D(side.Get()), S_OK);
+    ASSERT_EQ(Object().SetExternalDispatch(host.Get()), S_OK);
+    EXPECT_EQ(host->lastRead.flags, DISPATCH_PROPERTYGET) << "the component does not know the main window";
+    HWND owner = nullptr;
+    Look(Call({{"A"}, {{"1"}}}),
+         [&](DimensionChooser& chooser) { owner = GetWindow(chooser.Window(), GW_OWNER); });
+    EXPECT_EQ(owner, active.Handle());
+}
+
+}  // namespace
+}  // namespace nux

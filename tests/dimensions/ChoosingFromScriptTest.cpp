@@ -1,0 +1,119 @@
+// The registered component in a script engine and in a client written in C++.
+
+#include "driver/Controls.h"
+#include "driver/Input.h"
+#include "driver/Waiting.h"
+#include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/WithUser.h"
+
+namespace nux {
+namespace {
+
+/// A program with a console, run beside the test.
+class ConsoleProgram {
+public:
+    explicit ConsoleProgram(std::string commandLine) {
+        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+        HANDLE write = nullptr;
+        CreatePipe(&output_, &write, &inherited, 0);
+        SetHandleInformation(output_, HANDLE_FLAG_INHERIT, 0);
+        STARTUPINFOA start{};
+        start.cb = sizeof start;
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdOutput = start.hStdError = write;
+        if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                            &process_))
+            ADD_FAILURE() << "can't start " << commandLine;
+        CloseHandle(write);
+    }
+    ConsoleProgram(const ConsoleProgram&) = delete;
+    ConsoleProgram& operator=(const ConsoleProgram&) = delete;
+    ~ConsoleProgram() {
+        TerminateProcess(process_.hProcess, 1);  // does nothing to one that has ended
+        CloseHandle(process_.hProcess);
+        CloseHandle(process_.hThread);
+        CloseHandle(output_);
+    }
+
+    driver::Application Windows() const { return driver::Application::OfProcess(process_.dwProcessId); }
+
+    /// Waits for its end, and returns what it has written.
+    std::string Output() {
+        std::string text;
+        char part[256];
+        DWORD length = 0;
+        while (ReadFile(output_, part, sizeof part, &length, nullptr) && length > 0)
+            text.append(part, length);
+        EXPECT_EQ(WaitForSingleObject(process_.hProcess, driver::patience), WAIT_OBJECT_0);
+        return text;
+    }
+
+private:
+    PROCESS_INFORMATION process_{};
+    HANDLE output_ = nullptr;
+};
+
+class Registered : public DimensionChooserTest {};
+
+TEST_F(Registered, AScriptGetsTheRowThatItsUserChooses) {
+    ConsoleProgram script("cscript.exe /nologo \"" NUX_SCRIPTS "/choose.js\"");
+    const HWND first = script.Windows().Dialog("Choose dimensions");
+    const driver::ListView list(driver::Item(first, IDC_SIZES));
+    EXPECT_EQ(list.Column(1), (std::vector<std::string>{"1", "2", "3"}));
+    EXPECT_EQ(list.Caption(1), "Length");
+    EXPECT_EQ(list.Selected(), (std::vector<int>{1})) << "the default values tell the row";
+    list.ClickRow(2);
+    driver::WaitFor("a selected row", [&] { return list.Selected() == std::vector<int>{2}; });
+    driver::Click(driver::Item(first, IDOK));
+    driver::WaitUntilGone(first);
+    const HWND second = script.Windows().Dialog("Choose dimensions");
+    EXPECT_EQ(driver::ListView(driver::Item(second, IDC_SIZES)).RowCount(), 1);
+    driver::Click(driver::Item(second, IDCANCEL));
+    EXPECT_EQ(script.Output(),
+              "no names: 80020005\r\n"
+              "names of another kind: 80070057\r\n"
+              "rows of another kind: 80070057\r\n"
+              "default values of another kind: 80070057\r\n"
+              "chosen: 3\r\n"
+              "cancelled: null\r\n"
+              "still there: s z\r\n");
+}
+
+TEST_F(Registered, AClientGetsTheRowAndKeepsItBeyondTheObject) {
+    ComPtr<InuxStdParts> parts;
+    ASSERT_EQ(CoCreateInstance(CLSID_nuxStdParts, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,
+                               parts.ReceiveVoid()),
+              S_OK)
+        << "the component is not registered";
+    const HMODULE module = GetModuleHandleA("nuxStdPartsAX.dll");
+    ASSERT_NE(module, nullptr);
+    const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
+        reinterpret_cast<void*>(GetProcAddress(module, "DllCanUnloadNow")));
+    const SizeTable table{{"A", "B"}, {{"1", "x"}, {"2", "y"}}};
+    ComPtr<IDispatch> chosen;
+    {
+        const auto names = SelectNodes(RootOf(ParseXml(table.Names())), L"*");
+        const auto rows = SelectNodes(RootOf(ParseXml(table.Xml())), L"*");
+        Variant none, standard;
+        standard.vt = VT_DISPATCH;
+        rows.CopyTo(&standard.pdispVal);
+        WithUser(
+            [&] {
+                EXPECT_EQ(parts->ChooseDimensions(nullptr, nullptr, names.Get(), none, standard, none,
+                                                  chosen.Receive()),
+                          S_OK);
+            },
+            [&](driver::User& user) {
+                const DimensionChooser chooser(user);
+                EXPECT_EQ(canUnload(), S_FALSE);
+                chooser.Menu(1, MenuItem::SortDescending);
+                chooser.Take(0);
+            });
+    }
+    parts.Reset();
+    EXPECT_EQ(canUnload(), S_OK) << "objects of the module are left";
+    EXPECT_EQ(AttributeOf(chosen.As<IXMLDOMNode>(IID_IXMLDOMNode), "B"), "y");
+}
+
+}  // namespace
+}  // namespace nux

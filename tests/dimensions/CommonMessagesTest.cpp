@@ -1,0 +1,29 @@
+// The chooser's texts that come from the messages common to all catalogues. A program of its own: a table of
+// messages stays as it was at its first use, and every menu uses this one.
+
+#include "tests/dimensions/DimensionChooserFixture.h"
+
+namespace nux {
+namespace {
+
+class CommonMessages : public DimensionChooserTest {};
+
+TEST_F(CommonMessages, AreTheTextsOfTheColumnMenu) {
+    Translate("COMMON", {{"Define filter...", "Filter bestimmen..."},
+                         {"Turn off filter", "Filter aus"},
+                         {"Sort in ascending order", "Aufsteigend"},
+                         {"Sort in descending order", "Absteigend"},
+                         {"Cancel", "Abbrechen"}});
+    Look(Call({{"A"}, {{"1"}}}), [](DimensionChooser& chooser) {
+        const driver::PopupMenu menu = chooser.OpenMenu(1);
+        EXPECT_EQ(menu.Text(0), "Filter bestimmen...");
+        EXPECT_EQ(menu.Text(1), "Filter aus");
+        EXPECT_EQ(menu.Text(3), "Aufsteigend");
+        EXPECT_EQ(menu.Text(4), "Absteigend");
+        EXPECT_EQ(menu.Text(6), "Abbrechen");
+        menu.Escape();
+    });
+}
+
+}  // namespace
+}  // namespace nux

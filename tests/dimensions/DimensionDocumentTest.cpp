@@ -1,0 +1,127 @@
+// Making and opening a dimension file.
+
+#include "dimensions/DimensionDocument.h"
+
+#include <gtest/gtest.h>
+
+#include "environment/XMLAccess.h"
+#include "framework/Automation.h"
+#include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/TempFolder.h"
+
+namespace nux {
+namespace {
+
+class DimensionDocument : public testing::Test {
+protected:
+    ~DimensionDocument() override { ClearXMLDocumentCache(); }
+
+    static std::string RootName(const ComPtr<IXMLDOMDocument>& document) {
+        Bstr name;
+        RootOf(document)->get_nodeName(name.Receive());
+        return Narrow(name.Get());
+    }
+    static bool Exists(const std::string& path) {
+        return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+    }
+
+    TempFolder temp;
+    ComPtr<IXMLDOMDocument> document;
+};
+
+TEST_F(DimensionDocument, NeedsAPlaceForTheResult) {
+    EXPECT_FALSE(CreateDimensionDocument(temp.Path() + "new", "A.xml", nullptr));
+    EXPECT_FALSE(Exists(temp.Path() + "new"));
+}
+
+TEST_F(DimensionDocument, IsMadeWithARootAndNothingElse) {
+    ASSERT_TRUE(CreateDimensionDocument(temp.Path(), "A.xml", document.Receive()));
+    EXPECT_EQ(RootName(document), "Dimensions");
+    VARIANT_BOOL children = VARIANT_TRUE;
+    RootOf(document)->hasChildNodes(&children);
+    EXPECT_EQ(children, VARIANT_FALSE);
+    EXPECT_EQ(temp.Read("A.xml").substr(0, 13), "<Dimensions/>");
+}
+
+TEST_F(DimensionDocument, IsKeptLikeOneThatWasLoaded) {
+    ASSERT_TRUE(CreateDimensionDocument(temp.Path(), "A.xml", document.Receive()));
+    const std::string folder = temp.Path().substr(0, temp.Path().size() - 1);
+    ComPtr<IXMLDOMDocument> again;
+    ASSERT_TRUE(LoadXMLDocument("file://" + folder + "//A.xml", again.Receive()));
+    EXPECT_EQ(again.Get(), document.Get());
+}
+
+TEST_F(DimensionDocument, MakesTheFolderButNotItsParent) {
+    for (const char* end : {"", "\\", "/"}) {
+        const std::string folder = temp.Path() + "made" + std::to_string(end[0]);
+        EXPECT_TRUE(CreateDimensionDocument(folder + end, "A.xml", document.Receive())) << end;
+        EXPECT_TRUE(Exists(folder + "\\A.xml"));
+    }
+    EXPECT_FALSE(CreateDimensionDocument(temp.Path() + "none\\below", "A.xml", document.Receive()));
+    EXPECT_FALSE(document);
+    EXPECT_FALSE(Exists(temp.Path() + "none"));
+}
+
+TEST_F(DimensionDocument, CutsOneSeparatorOnly) {
+    const std::string folder = temp.Path() + "folder";
+    EXPECT_TRUE(CreateDimensionDocument(folder + "\\\\", "A.xml", document.Receive()));
+    EXPECT_TRUE(Exists(folder + "\\A.xml"));
+}
+
+TEST_F(DimensionDocument, ReplacesAFileInTheFolder) {
+    temp.Write("folder\\A.xml", "<Dimensions><Size A='1'/></Dimensions>");
+    ASSERT_TRUE(CreateDimensionDocument(temp.Path() + "folder", "A.xml", document.Receive()));
+    VARIANT_BOOL children = VARIANT_TRUE;
+    RootOf(document)->hasChildNodes(&children);
+    EXPECT_EQ(children, VARIANT_FALSE) << "the test for a file looks at the glued name";
+}
+
+TEST_F(DimensionDocument, IsOpenedIfAFileHasTheGluedName) {
+    temp.Write("folder\\A.xml", "<Dimensions><Size A='1'/></Dimensions>");
+    temp.Write("folderA.xml", "anything");
+    ASSERT_TRUE(CreateDimensionDocument(temp.Path() + "folder\\", "A.xml", document.Receive()));
+    VARIANT_BOOL children = VARIANT_FALSE;
+    RootOf(document)->hasChildNodes(&children);
+    EXPECT_EQ(children, VARIANT_TRUE);
+}
+
+TEST_F(DimensionDocument, IsNoneIfTheGluedNameExistsAndTheFileDoesNot) {
+    temp.MakeFolder("folder");
+    temp.Write("folderA.xml", "anything");
+    document = ParseXml("<old/>");
+    IXMLDOMDocument* given = document.Get();
+    EXPECT_FALSE(CreateDimensionDocument(temp.Path() + "folder", "A.xml", &given));
+    EXPECT_EQ(given, nullptr);
+}
+
+TEST_F(DimensionDocument, IsNoneIfItCanNotBeWritten) {
+    temp.MakeFolder("folder\\A.xml");  // a folder stands where the file would
+    EXPECT_FALSE(CreateDimensionDocument(temp.Path() + "folder", "A.xml", document.Receive()));
+    EXPECT_FALSE(document);
+}
+
+TEST_F(DimensionDocument, CountsItsReferences) {
+    ASSERT_TRUE(CreateDimensionDocument(temp.Path(), "A.xml", document.Receive()));
+    ClearXMLDocumentCache();
+    IXMLDOMDocument* last = document.Detach();
+    EXPECT_EQ(last->Release(), 0u) << "one for the caller, and one that the cache had";
+}
+
+class UsersFile : public DimensionChooserTest {};
+
+TEST_F(UsersFile, ThatIsMissingIsAFailureAndLeavesNothingBehind) {
+    const Bstr catalog(L"BOLTS"), component(L"M8");
+    const auto exists = [&](const char* name) {
+        return GetFileAttributesA((Folder().Path() + name).c_str()) != INVALID_FILE_ATTRIBUTES;
+    };
+    ComPtr<IDispatch> node;
+    EXPECT_EQ(Object().GetUsrDimensionNode(catalog.Get(), component.Get(), node.Receive()), E_FAIL);
+    EXPECT_FALSE(node);
+    EXPECT_FALSE(exists("custom"));
+    Folder().MakeFolder("custom\\catalogs\\BOLTS\\UsrDimensions");
+    EXPECT_EQ(Object().GetUsrDimensionNode(catalog.Get(), component.Get(), node.Receive()), E_FAIL);
+    EXPECT_FALSE(exists("custom\\catalogs\\BOLTS\\UsrDimensions\\M8.xml"));
+}
+
+}  // namespace
+}  // namespace nux

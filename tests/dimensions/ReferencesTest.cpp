@@ -1,0 +1,91 @@
+// Every reference that the chooser takes on a row is given back, and every name is read from its node.
+
+#include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/DomDoubles.h"
+#include "tests/support/HostDoubles.h"
+
+namespace nux {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class GivenReferences : public DimensionChooserTest {
+protected:
+    /// Two rows that are one node, which nobody else holds: what the chooser leaves behind shows in its
+    /// count.
+    void ExpectAllGivenBack(const std::function<void(DimensionChooser&)>& deeds) {
+        const auto row = RootOf(ParseXml("<s A='1' B='x'><A>1</A><B>x</B></s>"));
+        const auto rows = MakeObject<NodeListDouble>(std::vector<IXMLDOMNode*>{row.Get(), row.Get()});
+        const auto name = RootOf(ParseXml("<A/>"));
+        const auto names = MakeObject<NodeListDouble>(std::vector<IXMLDOMNode*>{name.Get()});
+        ASSERT_EQ(References(row.Get()), 1u);
+        ComPtr<IDispatch> given(rows.Get());
+        DimensionsResult result = ChooseFrom(names.Get(), given, [&](DimensionChooser& chooser) {
+            EXPECT_EQ(chooser.List().RowCount(), 2);
+            EXPECT_GE(References(row.Get()), 3u) << "the list holds each of its rows";
+            deeds(chooser);
+        });
+        EXPECT_EQ(result.answer, S_OK);
+        if (result.written) {
+            EXPECT_EQ(References(row.Get()), 2u) << "one for the caller";
+        }
+        result.row.Reset();
+        given.Reset();
+        EXPECT_EQ(References(row.Get()), 1u);
+        EXPECT_EQ(References(rows.Get()), 1u);
+        EXPECT_EQ(References(name.Get()), 1u);
+        EXPECT_EQ(References(names.Get()), 1u);
+    }
+};
+
+TEST_F(GivenReferences, AreGivenBackAfterCancel) {
+    ExpectAllGivenBack([](DimensionChooser& chooser) { chooser.Cancel(); });
+}
+
+TEST_F(GivenReferences, AreGivenBackAfterOkButOneForTheChosenRow) {
+    ExpectAllGivenBack([](DimensionChooser& chooser) { chooser.Take(1); });
+}
+
+TEST_F(GivenReferences, AreGivenBackAfterRefillsAndSorts) {
+    ExpectAllGivenBack([](DimensionChooser& chooser) {
+        for (const char* value : {"2", "1"}) {
+            const FilterDialog dialog = chooser.DefineFilter(1);
+            dialog.Check(IDC_FILTER_EQUAL);
+            dialog.SetLower(value);
+            dialog.Ok();
+        }
+        EXPECT_EQ(chooser.Rows(), (Texts{"1", "1"}));
+        chooser.Menu(1, MenuItem::SortDescending);
+        QuickFilterGesture(chooser, 0, 1).Release();
+        chooser.TurnOffAll();
+        chooser.Cancel();
+    });
+}
+
+class Names : public DimensionChooserTest {
+protected:
+    /// The captions that a list of names gives whose second node is this one.
+    Texts CaptionsWith(IXMLDOMNode* second) {
+        const auto first = RootOf(ParseXml("<A/>"));
+        const auto third = RootOf(ParseXml("<C/>"));
+        const auto names =
+            MakeObject<NodeListDouble>(std::vector<IXMLDOMNode*>{first.Get(), second, third.Get()});
+        Texts captions;
+        ChooseFrom(names.Get(), nullptr, [&](DimensionChooser& chooser) {
+            for (int column = 1; column < chooser.List().ColumnCount(); ++column)
+                captions.push_back(chooser.List().Caption(column));
+            chooser.Cancel();
+        });
+        return captions;
+    }
+};
+
+TEST_F(Names, EndAtANodeWhoseNameIsEmptyOrCanNotBeRead) {
+    EXPECT_EQ(CaptionsWith(MakeObject<NameDouble>(L"B").Get()), (Texts{"A", "B", "C"}));
+    EXPECT_EQ(CaptionsWith(MakeObject<NameDouble>(L"").Get()), (Texts{"A"}));
+    EXPECT_EQ(CaptionsWith(MakeObject<NameDouble>(std::nullopt).Get()), (Texts{"A"}));
+    EXPECT_EQ(CaptionsWith(nullptr), (Texts{"A"}));
+}
+
+}  // namespace
+}  // namespace nux

@@ -1,0 +1,210 @@
+// Which row is selected at the opening, and which one the chooser gives back.
+
+#include "driver/Controls.h"
+#include "driver/Input.h"
+#include "driver/Waiting.h"
+#include "tests/dimensions/DimensionChooserFixture.h"
+
+namespace nux {
+namespace {
+
+using Rows = std::vector<int>;
+
+const SizeTable sizes{{"A", "B"}, {{"1", "x"}, {"2", "y"}, {"2", "z"}, {"3", ""}}};
+
+class DefaultRow : public DimensionChooserTest {
+protected:
+    /// The row that is selected at the opening, with these default values.
+    int Selected(const SizeTable& table, const std::optional<std::string>& defaults) {
+        DimensionsCall call = Call(table);
+        call.defaults = defaults;
+        int selected = -1;
+        Look(call, [&](DimensionChooser& chooser) {
+            const Rows rows = chooser.List().Selected();
+            ASSERT_LE(rows.size(), 1u);
+            if (rows.empty())
+                return;
+            selected = rows[0];
+            EXPECT_EQ(chooser.List().Focused(), selected);
+            EXPECT_TRUE(chooser.List().InSight(selected));
+        });
+        return selected;
+    }
+};
+
+TEST_F(DefaultRow, IsTheFirstWithoutDefaultValues) {
+    EXPECT_EQ(Selected(sizes, std::nullopt), 0);
+}
+
+TEST_F(DefaultRow, IsTheFirstOneThatMatchesAll) {
+    EXPECT_EQ(Selected(sizes, "<d><A>2</A></d>"), 1);
+    EXPECT_EQ(Selected(sizes, "<d><A>2</A><B>z</B></d>"), 2);
+    EXPECT_EQ(Selected(sizes, "<d><B>y</B></d>"), 1);
+}
+
+TEST_F(DefaultRow, AnEmptyOrMissingValueMatchesEverything) {
+    EXPECT_EQ(Selected(sizes, "<d/>"), 0);
+    EXPECT_EQ(Selected(sizes, "<d><A>3</A><B></B></d>"), 3);
+    EXPECT_EQ(Selected(sizes, "<d><Other>9</Other></d>"), 0);
+}
+
+TEST_F(DefaultRow, IsTheFirstRowIfNoneMatches) {
+    EXPECT_EQ(Selected(sizes, "<d><A>9</A></d>"), 0);
+    EXPECT_EQ(Selected(sizes, "<d><A>1</A><B>y</B></d>"), 0);
+}
+
+TEST_F(DefaultRow, ComparesTheTextsNotTheNumbers) {
+    EXPECT_EQ(Selected({{"A"}, {{"1"}, {"2.0"}, {"2"}}}, "<d><A>2</A></d>"), 2);
+    EXPECT_EQ(Selected({{"A"}, {{"x"}, {"ABC"}, {"abc"}}}, "<d><A>abc</A></d>"), 2);
+}
+
+TEST_F(DefaultRow, ReadsElementsNotAttributes) {
+    EXPECT_EQ(Selected(sizes, "<d A='2'/>"), 0);
+}
+
+TEST_F(DefaultRow, ComparesTheFirst127CharactersOfAValue) {
+    const std::string start(127, 'y');
+    EXPECT_EQ(Selected({{"A"}, {{"x"}, {start + "1"}}}, "<d><A>" + start + "2</A></d>"), 1);
+}
+
+TEST_F(DefaultRow, ATranslatedCellMatchesOnlyWhatItShows) {
+    Translate("DEFAULTS", {{"round", "circular"}});
+    DimensionsCall call = Call({{"A"}, {{"square"}, {"round"}}});
+    call.catalog = "DEFAULTS";
+    call.defaults = "<d><A>round</A></d>";
+    Look(call, [](DimensionChooser& chooser) { EXPECT_EQ(chooser.List().Selected(), (Rows{0})); });
+    call.defaults = "<d><A>circular</A></d>";
+    Look(call, [](DimensionChooser& chooser) { EXPECT_EQ(chooser.List().Selected(), (Rows{1})); });
+}
+
+TEST_F(DefaultRow, AValueThatIsNoStringMatchesEverything) {
+    const std::string types = "<d xmlns:dt='urn:schemas-microsoft-com:datatypes'><A dt:dt=";
+    EXPECT_EQ(Selected(sizes, types + "'string'>3</A></d>"), 3);
+    EXPECT_EQ(Selected(sizes, types + "'int'>3</A></d>"), 0);
+}
+
+TEST_F(DefaultRow, ComesIntoSightFarDown) {
+    SizeTable table{{"A"}, {}};
+    for (int i = 0; i < 300; ++i)
+        table.rows.push_back({std::to_string(i)});
+    EXPECT_EQ(Selected(table, "<d><A>250</A></d>"), 250);
+}
+
+TEST_F(DefaultRow, IsNoneWithoutRows) {
+    EXPECT_EQ(Selected({{"A"}, {}}, "<d><A>1</A></d>"), -1);
+}
+
+TEST_F(DefaultRow, IsLookedForAmongTheRowsThatFiltersLeave) {
+    StoreFilter("A", 4, "2");
+    EXPECT_EQ(Selected(sizes, "<d><A>1</A></d>"), 0);
+    EXPECT_EQ(Selected(sizes, "<d><A>3</A></d>"), 2);
+}
+
+class TakingRow : public DimensionChooserTest {
+protected:
+    const DimensionsCall call = Call({{"A"}, {{"1"}, {"2"}, {"3"}}}, {{"A"}, {{"4"}}});
+
+    /// A point of the list below its rows.
+    static POINT BesideTheRows(const DimensionChooser& chooser) {
+        const RECT last = chooser.List().CellBounds(chooser.List().RowCount() - 1, 1);
+        return {last.left + 5, last.bottom + 30};
+    }
+};
+
+TEST_F(TakingRow, OkGivesTheSelectedOneOfEitherSource) {
+    EXPECT_EQ(Choose(call, [](DimensionChooser& chooser) { chooser.Ok(); }).Value("A"), "1");
+    EXPECT_EQ(Choose(call, [](DimensionChooser& chooser) { chooser.Take(2); }).Value("A"), "3");
+    EXPECT_EQ(Choose(call, [](DimensionChooser& chooser) { chooser.Take(3); }).Value("A"), "4");
+}
+
+TEST_F(TakingRow, ADoubleClickOnARowTakesIt) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        driver::DoubleClick(chooser.List().Handle(), chooser.List().CellMiddle(1, 1));
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_EQ(result.Value("A"), "2");
+}
+
+TEST_F(TakingRow, ADoubleClickBesideTheRowsTakesTheSelectedOne) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        chooser.List().ClickRow(2);
+        chooser.User().Settle();
+        driver::PostMouse(chooser.List().Handle(), WM_LBUTTONDBLCLK, BesideTheRows(chooser), MK_LBUTTON);
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_EQ(result.answer, S_OK);
+    EXPECT_EQ(result.Value("A"), "3");
+}
+
+TEST_F(TakingRow, WithoutASelectionOkGivesNoRow) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        driver::Click(chooser.List().Handle(), BesideTheRows(chooser));
+        chooser.User().Settle();
+        ASSERT_TRUE(chooser.List().Selected().empty());
+        chooser.Ok();
+    });
+    EXPECT_EQ(result.answer, S_OK);
+    EXPECT_TRUE(result.written);
+    EXPECT_FALSE(result.row);
+}
+
+TEST_F(TakingRow, EnterTakesItAndEscapeLeaves) {
+    const DimensionsResult taken = Choose(call, [](DimensionChooser& chooser) {
+        driver::PressKey(chooser.List().Handle(), VK_DOWN);
+        driver::PressKey(chooser.List().Handle(), VK_RETURN);
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_EQ(taken.Value("A"), "2");
+    const DimensionsResult left = Choose(call, [](DimensionChooser& chooser) {
+        driver::PressKey(chooser.List().Handle(), VK_ESCAPE);
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_EQ(left.answer, S_OK);
+    EXPECT_FALSE(left.written);
+}
+
+TEST_F(TakingRow, TheCloseBoxLeavesWithoutARow) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        PostMessageA(chooser.Window(), WM_SYSCOMMAND, SC_CLOSE, 0);
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_EQ(result.answer, S_OK);
+    EXPECT_FALSE(result.written);
+}
+
+TEST_F(TakingRow, OnlyOneRowIsEverSelected) {
+    Look(call, [](DimensionChooser& chooser) {
+        chooser.List().ClickRow(1);
+        driver::PostMouse(chooser.List().Handle(), WM_LBUTTONDOWN, chooser.List().CellMiddle(2, 1),
+                          MK_LBUTTON | MK_CONTROL);
+        driver::PostMouse(chooser.List().Handle(), WM_LBUTTONUP, chooser.List().CellMiddle(2, 1), MK_CONTROL);
+        chooser.User().Settle();
+        EXPECT_EQ(chooser.List().Selected(), (Rows{2}));
+    });
+}
+
+TEST_F(TakingRow, ARowOutlivesDialogAndObject) {
+    ComPtr<IXMLDOMNode> row;
+    {
+        SizeTable table{{"A"}, {{"kept"}}};
+        row = Choose(Call(table), [](DimensionChooser& chooser) { chooser.Ok(); }).row;
+    }
+    ReleaseObject();
+    EXPECT_EQ(AttributeOf(row, "A"), "kept");
+    ComPtr<IXMLDOMDocument> document;
+    EXPECT_EQ(row->get_ownerDocument(document.Receive()), S_OK);
+}
+
+TEST_F(TakingRow, ARefillGivesRowsAnew) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        const FilterDialog dialog = chooser.DefineFilter(1);
+        dialog.Check(IDC_FILTER_GREATER_OR_EQUAL);
+        dialog.SetLower("3");
+        dialog.Ok();
+        chooser.Take(1);
+    });
+    EXPECT_EQ(result.Value("A"), "4");
+}
+
+}  // namespace
+}  // namespace nux

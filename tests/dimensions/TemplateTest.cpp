@@ -1,0 +1,240 @@
+// The dialogs as their templates have them, in both languages.
+
+#include "driver/Canvas.h"
+#include "driver/Controls.h"
+#include "driver/Messages.h"
+#include "driver/Waiting.h"
+#include "framework/Module.h"
+#include "resources/resource.h"
+#include "tests/dimensions/DimensionChooserFixture.h"
+
+namespace nux {
+namespace {
+
+constexpr COLORREF paper = RGB(255, 0, 255);
+
+enum class Language { English, German };
+
+/// A control in the order of the template. Texts are UTF-8, places dialog units.
+struct Control {
+    int id;
+    const char* windowClass;
+    LONG style;  ///< as far as it counts
+    const char* english;
+    const char* german;
+    int x, y, width, height;
+};
+
+constexpr LONG countingStyles = 0xF | CBS_SORT | WS_GROUP | WS_DISABLED;
+constexpr int none = 0xFFFF;
+constexpr LONG radio = BS_AUTORADIOBUTTON;
+constexpr LONG firstRadio = radio | WS_GROUP;
+
+const Control chooserControls[] = {
+    {IDC_SIZES, "SysListView32", LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS, "", "", 7, 7, 197, 135},
+    {IDC_ALL_FILTERS_OFF, "Button", BS_PUSHBUTTON | WS_DISABLED, "Turn off all filters",
+     "Alle Filter ausschalten", 7, 151, 87, 14},
+    {IDOK, "Button", BS_DEFPUSHBUTTON, "OK", "OK", 110, 151, 43, 14},
+    {IDCANCEL, "Button", BS_PUSHBUTTON, "Cancel", "Abbrechen", 161, 151, 43, 14},
+};
+const Control filterControls[] = {
+    {none, "Button", BS_GROUPBOX, " Filter type ", " Filterart ", 7, 7, 112, 109},
+    {IDC_FILTER_NONE, "Button", firstRadio, "None", "Keiner", 14, 20, 97, 10},
+    {IDC_FILTER_EQUAL, "Button", radio, "Equal to", "Gleich", 14, 31, 97, 10},
+    {IDC_FILTER_BETWEEN, "Button", radio, "Between", "Zwischen", 14, 42, 97, 10},
+    {IDC_FILTER_SMALLER_OR_EQUAL, "Button", radio, "Smaller or equal", "Kleiner oder gleich", 14, 53, 97, 10},
+    {IDC_FILTER_GREATER_OR_EQUAL, "Button", radio, "Greater or equal",
+     "Gr\xC3\xB6\xC3\x9F"
+     "er oder gleich",
+     14, 64, 97, 10},
+    {IDC_LOWER_LIMIT_LABEL, "Static", SS_LEFT | WS_GROUP, "Lower limit:", "Untere Grenze:", 14, 81, 50, 8},
+    {IDC_LOWER_LIMIT, "ComboBox", CBS_DROPDOWN | WS_GROUP, nullptr, nullptr, 71, 78, 41, 60},
+    {IDC_UPPER_LIMIT_LABEL, "Static", SS_LEFT | WS_GROUP, "Upper limit", "Obere Grenze", 14, 95, 50, 8},
+    {IDC_UPPER_LIMIT, "ComboBox", CBS_DROPDOWN, nullptr, nullptr, 71, 93, 41, 52},
+    {none, "Button", BS_GROUPBOX, " Database ", " Datenbank ", 126, 7, 119, 51},
+    {IDC_DATABASE_STANDARD, "Button", firstRadio, "Standard", "Standard", 131, 20, 106, 10},
+    {IDC_DATABASE_USER, "Button", radio, "User's", "Benutzer", 131, 31, 108, 10},
+    {IDC_DATABASE_BOTH, "Button", radio, "Both", "Beide", 131, 42, 108, 10},
+    {none, "Button", BS_GROUPBOX, " Sort ", " Sortierung ", 126, 65, 119, 51},
+    {IDC_SORT_ASCENDING, "Button", firstRadio, "In ascending order", "Aufsteigend", 131, 78, 108, 10},
+    {IDC_SORT_DESCENDING, "Button", radio, "In descending order", "Absteigend", 131, 89, 107, 10},
+    {IDC_SORT_NONE, "Button", radio, "None", "Keine", 131, 100, 106, 10},
+    {IDOK, "Button", BS_DEFPUSHBUTTON | WS_GROUP, "OK", "OK", 124, 125, 50, 14},
+    {IDCANCEL, "Button", BS_PUSHBUTTON, "Cancel", "Abbrechen", 195, 125, 50, 14},
+};
+
+SIZE Pixels(HWND dialog, int width, int height) {
+    RECT size{0, 0, width, height};
+    MapDialogRect(dialog, &size);
+    return {size.right, size.bottom};
+}
+
+RECT PlaceOf(HWND dialog, HWND control) {
+    RECT bounds{};
+    if (driver::ClassOf(control) == "ComboBox")
+        driver::AskWith(control, CB_GETDROPPEDCONTROLRECT, 0, bounds);
+    else
+        GetWindowRect(control, &bounds);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&bounds), 2);
+    return bounds;
+}
+
+class Template : public DimensionChooserTest, public testing::WithParamInterface<Language> {
+protected:
+    Template() {
+        if (GetParam() == Language::English)
+            return;
+        call.title = nullptr;
+        std::wstring path = ThisModulePath();
+        path.resize(path.rfind(L'\\') + 1);
+        german_ = LoadLibraryW((path + L"..\\locale\\German\\resource.dll").c_str());
+        EXPECT_NE(german_, nullptr);
+        SetResourceModule(german_);
+    }
+    ~Template() override {
+        SetResourceModule(nullptr);
+        if (german_)
+            FreeLibrary(german_);
+    }
+
+    static std::string Text(const char* english, const char* german) {
+        return Ansi(GetParam() == Language::English ? english : german);
+    }
+
+    /// @param grown  the control with this identifier is so much larger than the template has it
+    template <std::size_t count>
+    static void ExpectControls(HWND dialog, const Control (&controls)[count], int grown, int growth) {
+        HWND child = GetWindow(dialog, GW_CHILD);
+        for (const Control& control : controls) {
+            SCOPED_TRACE(std::to_string(control.id) + " " + (control.english ? control.english : ""));
+            ASSERT_NE(child, nullptr);
+            EXPECT_EQ(GetDlgCtrlID(child) & 0xFFFF, control.id);
+            EXPECT_EQ(driver::ClassOf(child), control.windowClass);
+            EXPECT_EQ(GetWindowLongA(child, GWL_STYLE) & countingStyles, control.style);
+            if (control.english) {
+                EXPECT_EQ(driver::ControlText(child), Text(control.english, control.german));
+            }
+            const RECT place = PlaceOf(dialog, child);
+            const SIZE position = Pixels(dialog, control.x, control.y);
+            SIZE size = Pixels(dialog, control.width, control.height);
+            // Not every system counts the field itself among the height that a list drops down to.
+            const LONG fieldHeight = control.english ? 0 : Pixels(dialog, 0, 16).cy;
+            if (control.id == grown)
+                size = {size.cx + growth, size.cy + growth};
+            EXPECT_EQ(place.left, position.cx);
+            EXPECT_EQ(place.top, position.cy);
+            EXPECT_EQ(place.right - place.left, size.cx);
+            EXPECT_NEAR(place.bottom - place.top, size.cy, fieldHeight);
+            child = GetWindow(child, GW_HWNDNEXT);
+        }
+        EXPECT_EQ(child, nullptr) << "a control that is none of the template";
+    }
+
+    static void ExpectDialog(HWND dialog, const std::string& title, int icon, LONG frame) {
+        EXPECT_EQ(driver::TextOf(dialog), title);
+        const LONG frames = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_POPUP;
+        EXPECT_EQ(GetWindowLongA(dialog, GWL_STYLE) & frames, WS_CAPTION | WS_SYSMENU | WS_POPUP | frame);
+        EXPECT_EQ(driver::Ask(dialog, DM_GETDEFID), MAKELONG(IDOK, DC_HASDEFID));
+        LOGFONTA font{};
+        GetObjectA(reinterpret_cast<HFONT>(driver::Ask(driver::Item(dialog, IDOK), WM_GETFONT)), sizeof font,
+                   &font);
+        const HDC screen = GetDC(nullptr);
+        EXPECT_EQ(font.lfHeight, -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72));
+        ReleaseDC(nullptr, screen);
+        EXPECT_STREQ(font.lfFaceName, "MS Sans Serif");
+        const auto shown = reinterpret_cast<HICON>(driver::Ask(dialog, WM_GETICON, ICON_SMALL));
+        EXPECT_TRUE(driver::DrawnIcon(shown, paper) == driver::IconResource(icon, paper));
+        // In the middle of the screen's work area, from where the start may raise its size by one pixel.
+        RECT place{}, work{};
+        GetWindowRect(dialog, &place);
+        SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+        EXPECT_NEAR(place.left + place.right, work.left + work.right, 3);
+        EXPECT_NEAR(place.top + place.bottom, work.top + work.bottom, 3);
+    }
+
+    DimensionsCall call = Call({{"A"}, {{"10"}, {"5"}, {"20"}}});
+
+private:
+    HMODULE german_ = nullptr;
+};
+
+TEST_P(Template, OfTheChooser) {
+    Look(call, [](DimensionChooser& chooser) {
+        const HWND dialog = chooser.Window();
+        ExpectDialog(dialog,
+                     Text("Choose dimensions",
+                          "Ma\xC3\x9F"
+                          "e ausw\xC3\xA4hlen"),
+                     IDI_DIMENSION_CHOOSER, WS_THICKFRAME);
+        // The list is measured one pixel larger than it is, and so is the window.
+        ExpectControls(dialog, chooserControls, IDC_SIZES, 1);
+        const LONG list = GetWindowLongA(chooser.List().Handle(), GWL_STYLE);
+        EXPECT_EQ(list & (WS_TABSTOP | WS_VISIBLE), WS_TABSTOP | WS_VISIBLE);
+        // Some systems make a sunken edge of the border.
+        const LONG edge = GetWindowLongA(chooser.List().Handle(), GWL_EXSTYLE) & WS_EX_CLIENTEDGE;
+        EXPECT_TRUE((list & WS_BORDER) || edge);
+        RECT client{};
+        GetClientRect(dialog, &client);
+        const SIZE size = Pixels(dialog, 211, 172);
+        EXPECT_EQ(client.right, size.cx + 1);
+        EXPECT_EQ(client.bottom, size.cy + 1);
+    });
+}
+
+TEST_P(Template, OfTheFilterDialog) {
+    StoreNumber("A", "FilterType", 5);  // under which the dialog shows all that its template has
+    StoreText("A", "FilterString", "10");
+    Look(call, [](DimensionChooser& chooser) {
+        chooser.Menu(1, MenuItem::DefineFilter);
+        const FilterDialog filter(chooser.User(), Text("Define filter", "Filter definieren").c_str());
+        ExpectDialog(filter.Window(), Text("Define filter", "Filter definieren"), IDI_FILTER, 0);
+        ExpectControls(filter.Window(), filterControls, none, 0);
+        RECT client{};
+        GetClientRect(filter.Window(), &client);
+        const SIZE size = Pixels(filter.Window(), 253, 146);
+        EXPECT_EQ(client.right, size.cx);
+        EXPECT_EQ(client.bottom, size.cy);
+        for (const int id : {IDC_LOWER_LIMIT, IDC_LOWER_LIMIT_LABEL, IDC_UPPER_LIMIT, IDC_UPPER_LIMIT_LABEL})
+            EXPECT_TRUE(IsWindowVisible(filter.Item(id))) << id;
+        filter.Cancel();
+    });
+}
+
+TEST_P(Template, WorksTheFilterDialogOnTheChooser) {
+    Look(call, [](DimensionChooser& chooser) {
+        chooser.Menu(1, MenuItem::DefineFilter);
+        const FilterDialog filter(chooser.User(), Text("Define filter", "Filter definieren").c_str());
+        filter.Check(IDC_FILTER_BETWEEN);
+        EXPECT_EQ(driver::ControlText(filter.Item(IDC_LOWER_LIMIT_LABEL)), "Lower limit:");
+        filter.SetLower("10");
+        driver::DropDown(filter.UpperBox());
+        EXPECT_EQ(driver::Entries(filter.UpperBox()).size(), 2u);
+        driver::FoldUp(filter.UpperBox());
+        filter.SetUpper("5");
+        EXPECT_EQ(filter.OkAndReadMessage(), "The upper limit is less than the lower limit.");
+        filter.SetUpper("10");
+        filter.Check(IDC_DATABASE_STANDARD);
+        filter.Check(IDC_SORT_DESCENDING);
+        filter.Ok();
+        EXPECT_EQ(chooser.Rows(), (std::vector<std::string>{"10"}));
+        EXPECT_EQ(chooser.List().HeaderImage(1), 0);
+        chooser.TurnOffAll();
+        EXPECT_EQ(chooser.Rows(), (std::vector<std::string>{"10", "5", "20"}));
+        RECT bounds{};
+        GetWindowRect(chooser.Window(), &bounds);
+        chooser.Resize(bounds.right - bounds.left + 40, bounds.bottom - bounds.top + 30);
+        const RECT cancel = PlaceOf(chooser.Window(), chooser.CancelButton());
+        EXPECT_EQ(cancel.left, Pixels(chooser.Window(), 161, 151).cx + 40);
+        EXPECT_EQ(cancel.top, Pixels(chooser.Window(), 161, 151).cy + 30);
+    });
+    EXPECT_EQ(StoredNumber("", "dx"), 40u);
+    EXPECT_EQ(StoredNumber("", "dy"), 30u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Template, testing::Values(Language::English, Language::German),
+                         [](const auto& language) {
+                             return language.param == Language::English ? "English" : "German";
+                         });
+
+}  // namespace
+}  // namespace nux
