@@ -1,7 +1,8 @@
 # Sourced by the root's commands: installs what they need on Debian 12, if it is missing.
 
 packages=(
-    git cmake ninja-build make g++ clang-format python3
+    git cmake ninja-build make g++ python3
+    clang clang-format clang-tidy libclang-rt-14-dev
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
     libwine-dev libwine wine wine64 fonts-wine fonts-liberation
     googletest xvfb xdotool imagemagick

@@ -70,7 +70,7 @@ void KeepXMLDocument(const std::string& url, IXMLDOMDocument* document) {
 }
 
 ComPtr<IXMLDOMDocument> MakeXMLDocument(const std::string& path, const wchar_t* root) {
-    const ComPtr<IXMLDOMDocument> document = NewDocument();
+    ComPtr<IXMLDOMDocument> document = NewDocument();
     ComPtr<IXMLDOMElement> element;
     if (!document || FAILED(document->createElement(Bstr(root).Get(), element.Receive())) ||
         FAILED(document->appendChild(element.Get(), nullptr)))

@@ -23,7 +23,7 @@
 
 // Controls of the dialogs, for their sources and templates only. OK and Cancel have the system's identifiers,
 // and a control that no code asks for has IDC_STATIC.
-#define IDC_STATIC -1
+#define IDC_STATIC (-1)
 
 // IDD_CHOOSE_DIMENSIONS
 #define IDC_SIZES 205

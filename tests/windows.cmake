@@ -82,7 +82,9 @@ endforeach()
 
 add_test(NAME module_imports_and_exports
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/control/check-module ${CMAKE_OBJDUMP} $<TARGET_FILE:nuxStdPartsAX>)
-set_tests_properties(module_imports_and_exports PROPERTIES LABELS "module;once")
+add_test(NAME language_module_is_data COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/resources/check-language-module
+    ${CMAKE_OBJDUMP} $<TARGET_FILE:resource_german>)
+set_tests_properties(module_imports_and_exports language_module_is_data PROPERTIES LABELS "module;once")
 
 file(GLOB scripts CONFIGURE_DEPENDS scripts/*_test.js scripts/*_test.vbs)
 foreach(script ${scripts})
@@ -137,7 +139,7 @@ endforeach()
 
 # The prefix that each test gets a copy of.
 get_property(tests DIRECTORY PROPERTY TESTS)
-list(REMOVE_ITEM tests module_imports_and_exports)
+list(REMOVE_ITEM tests module_imports_and_exports language_module_is_data)
 set_tests_properties(${tests} PROPERTIES FIXTURES_REQUIRED prefix)
 add_test(NAME prefix
     COMMAND ${PROJECT_SOURCE_DIR}/wine/make-prefix ${PROJECT_BINARY_DIR}/prefix $<TARGET_FILE:nuxStdPartsAX>)

@@ -8,6 +8,7 @@
 #include "tests/support/HandleCount.h"
 #include "tests/support/HostDoubles.h"
 #include "tests/support/ModuleFunctions.h"
+#include "version.h"
 
 namespace nux {
 namespace {
@@ -80,7 +81,7 @@ void ExpectResources(const std::wstring& path) {
     EXPECT_GT(file.Size(RT_BITMAP, 101), 0u) << "the toolbox bitmap that the registry names";
     EXPECT_GT(file.Size(RT_VERSION, VS_VERSION_INFO), 0u);
     EXPECT_EQ(L"nuxStdPartsAX.dll", VersionText(path, L"OriginalFilename"));
-    EXPECT_EQ(L"1.0.0.0", VersionText(path, L"FileVersion"));
+    EXPECT_EQ(L"" NUX_VERSION_TEXT, VersionText(path, L"FileVersion"));
 }
 
 TEST(ModuleFile, HoldsItsTypeLibraryRegistryScriptIconsAndVersion) {

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "environment/InstallationFiles.h"
 #include "environment/LanguageTable.h"
 
 namespace {
@@ -65,6 +66,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     std::string beside = guiPath;
     for (int cut = 0; cut < 4 && !beside.empty(); ++cut)
         beside.pop_back();
-    Require(nux::LocaleFolderOf(guiPath) == beside + "locale\\");
+    Require(nux::LocaleFolder(guiPath) == beside + "locale\\");
     return 0;
 }
