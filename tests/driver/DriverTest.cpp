@@ -126,7 +126,7 @@ void Try(TrialDialog& dialog, const std::function<void(User&, HWND)>& deeds) {
                       deeds(user, window);
                       Click(Item(window, IDCANCEL));
                   });
-    EXPECT_EQ(result, 7);
+    EXPECT_EQ(7, result);
 }
 
 TEST(Driver, AnswersAMessageBox) {
@@ -140,23 +140,23 @@ TEST(Driver, AnswersAMessageBox) {
                       WaitUntilGone(box);
                   });
     EXPECT_EQ(answer, IDNO);
-    EXPECT_EQ(text, "Continue?");
+    EXPECT_EQ("Continue?", text);
 }
 
 TEST(Driver, ReadsAList) {
     TrialDialog dialog;
     Try(dialog, [](User&, HWND window) {
         const ListView view(Item(window, list));
-        EXPECT_EQ(view.RowCount(), 40);
-        EXPECT_EQ(view.ColumnCount(), 3);
-        EXPECT_EQ(view.Cell(2, 0), "a2");
-        EXPECT_EQ(view.Cell(39, 1), "b39");
-        EXPECT_EQ(view.Column(1).size(), 40u);
-        EXPECT_EQ(view.Caption(1), "Column 1");
-        EXPECT_EQ(view.Width(2), 80);
-        EXPECT_EQ(view.Order(), (std::vector<int>{0, 1, 2}));
-        EXPECT_EQ(view.HeaderFormat(1) & HDF_JUSTIFYMASK, HDF_CENTER);
-        EXPECT_EQ(view.HeaderImage(1), -1);
+        EXPECT_EQ(40, view.RowCount());
+        EXPECT_EQ(3, view.ColumnCount());
+        EXPECT_EQ("a2", view.Cell(2, 0));
+        EXPECT_EQ("b39", view.Cell(39, 1));
+        EXPECT_EQ(40u, view.Column(1).size());
+        EXPECT_EQ("Column 1", view.Caption(1));
+        EXPECT_EQ(80, view.Width(2));
+        EXPECT_EQ((std::vector<int>{0, 1, 2}), view.Order());
+        EXPECT_EQ(HDF_CENTER, view.HeaderFormat(1) & HDF_JUSTIFYMASK);
+        EXPECT_EQ(-1, view.HeaderImage(1));
         EXPECT_TRUE(view.InSight(0));
         EXPECT_FALSE(view.InSight(39));
     });
@@ -168,14 +168,14 @@ TEST(Driver, ClicksRowsAndHeaders) {
         const ListView view(Item(window, list));
         view.ClickRow(3);
         user.Settle();
-        EXPECT_EQ(view.Selected(), (std::vector<int>{3}));
-        EXPECT_EQ(view.Focused(), 3);
+        EXPECT_EQ((std::vector<int>{3}), view.Selected());
+        EXPECT_EQ(3, view.Focused());
         view.ClickHeader(2);
         user.Settle();
-        EXPECT_EQ(dialog.clickedColumn, 2);
+        EXPECT_EQ(2, dialog.clickedColumn);
         DoubleClick(view.Handle(), view.CellMiddle(1, 1));
         user.Settle();
-        EXPECT_EQ(dialog.doubleClicks, 1);
+        EXPECT_EQ(1, dialog.doubleClicks);
     });
 }
 
@@ -184,11 +184,11 @@ TEST(Driver, WorksFieldsAndButtons) {
     Try(dialog, [](User& user, HWND window) {
         const HWND field = Item(window, edit);
         Paste(field, "pasted");
-        EXPECT_EQ(ControlText(field), "pasted");
+        EXPECT_EQ("pasted", ControlText(field));
         Type(field, "!");
         user.Settle();
-        EXPECT_EQ(ControlText(field), "pasted!");
-        EXPECT_EQ(CheckedButton(window, firstRadio, secondRadio), 0);
+        EXPECT_EQ("pasted!", ControlText(field));
+        EXPECT_EQ(0, CheckedButton(window, firstRadio, secondRadio));
         Click(Item(window, secondRadio));
         user.Settle();
         EXPECT_EQ(CheckedButton(window, firstRadio, secondRadio), secondRadio);
@@ -200,15 +200,15 @@ TEST(Driver, WorksAComboBox) {
     TrialDialog dialog;
     Try(dialog, [](User& user, HWND window) {
         const HWND box = Item(window, combo);
-        EXPECT_EQ(Entries(box), (std::vector<std::string>{"one", "two", "three"}));
+        EXPECT_EQ((std::vector<std::string>{"one", "two", "three"}), Entries(box));
         ChooseEntry(box, 1);
-        EXPECT_EQ(ControlText(box), "two");
+        EXPECT_EQ("two", ControlText(box));
         EXPECT_TRUE(HasFocus(box));
         Paste(EditOf(box), "four");
         DropDown(box);
         FoldUp(box);
         user.Settle();
-        EXPECT_EQ(ControlText(box), "four");
+        EXPECT_EQ("four", ControlText(box));
     });
 }
 
@@ -217,8 +217,8 @@ TEST(Driver, TakesAMenuItem) {
     Try(dialog, [&](User& user, HWND window) {
         Click(Item(window, menuButton));
         const PopupMenu menu(user);
-        EXPECT_EQ(menu.Count(), 4);
-        EXPECT_EQ(menu.Text(0), "First");
+        EXPECT_EQ(4, menu.Count());
+        EXPECT_EQ("First", menu.Text(0));
         EXPECT_FALSE(menu.IsEnabled(1));
         EXPECT_TRUE(menu.IsSeparator(2));
         EXPECT_EQ(menu.Command(3), third);
@@ -228,14 +228,14 @@ TEST(Driver, TakesAMenuItem) {
         Click(Item(window, menuButton));
         PopupMenu(user).Escape();
         user.Settle();
-        EXPECT_EQ(dialog.menuChoice, 0u);
+        EXPECT_EQ(0u, dialog.menuChoice);
         dialog.menuChoice = 99;
         Click(Item(window, menuButton));
         const PopupMenu again(user);
         EXPECT_THROW(again.Choose(1), NotSeen) << "a grayed item can't be taken";
         again.Escape();
         user.Settle();
-        EXPECT_EQ(dialog.menuChoice, 0u);
+        EXPECT_EQ(0u, dialog.menuChoice);
     });
 }
 
@@ -250,7 +250,7 @@ TEST(Driver, MovesTheRealPointer) {
         DragPointer(OnScreen(view.Header(), drop));
         ReleasePointer(PointerButton::Left);
         WaitFor("a column that moves", [&] { return view.Order() != std::vector<int>{0, 1, 2}; });
-        EXPECT_EQ(view.Order(), (std::vector<int>{1, 2, 0}));
+        EXPECT_EQ((std::vector<int>{1, 2, 0}), view.Order());
     });
 }
 
