@@ -32,6 +32,10 @@ namespace {
 constexpr int threadColumn = 1;
 constexpr int lengthColumn = 2;
 
+// Pixels.
+constexpr int wideColumn = 76;
+constexpr int markerAndFrame = 80;
+
 class Photographer {
 public:
     Photographer(driver::User& user, const std::string& folder, bool german)
@@ -44,6 +48,7 @@ public:
 
     void TakeAll() {
         SetWindowPos(chooser_.Window(), nullptr, 300, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        SetForegroundWindow(chooser_.Window());
         Rest();
         Save("opened", chooser_.Window());
         Menus();
@@ -108,7 +113,10 @@ private:
         driver::ChooseEntry(dialog.LowerBox(), 3);
         Save("filter-equal", dialog.Window());
         dialog.Check(IDC_FILTER_BETWEEN);
+        // A caret between two digits would read as a broken character.
+        driver::Ask(driver::EditOf(dialog.LowerBox()), EM_SETSEL, 99, 99);
         driver::DropDown(dialog.UpperBox());
+        driver::Ask(driver::EditOf(dialog.UpperBox()), EM_SETSEL, 99, 99);
         user_.Settle();
         Save("filter-between", dialog.Window());  // the open list lies within it
         driver::FoldUp(dialog.UpperBox());
@@ -174,7 +182,11 @@ private:
         driver::DragPointer(driver::OnScreen(list.Header(), {thread.x - 8, thread.y}));
         driver::ReleasePointer(driver::PointerButton::Left);
         driver::WaitFor("the column to be dropped", [&] { return list.Order() != before; });
-        chooser_.Resize(520, 420);
+        for (int column = 1; column < list.ColumnCount(); ++column)
+            driver::Ask(list.Handle(), LVM_SETCOLUMNWIDTH, column, MAKELPARAM(wideColumn, 0));
+        chooser_.Resize(markerAndFrame + wideColumn * (list.ColumnCount() - 1), 420);
+        driver::MovePointer(
+            driver::OnScreen(list.Handle(), list.CellMiddle(0, 1)));  // the header sees it leave
         Rest();
         Save("resized", chooser_.Window());
     }
