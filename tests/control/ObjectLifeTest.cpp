@@ -288,9 +288,11 @@ private:
 };
 
 TEST_F(ObjectLife, ItHoldsItselfWhileAUserChoosesDimensions) {
+    IDispatch* const held = static_cast<Inux3D*>(side.Get());
+    parts->put_nux3D(held);
     const auto names = MakeObject<ActingList>([&] {
         ReleaseParts();
-        EXPECT_EQ(S_FALSE, ModuleCanUnload()) << "the call goes on in it";
+        EXPECT_EQ(2u, References(held)) << "what it holds is held until the call is over";
     });
     InuxStdParts* const last = parts.Get();
     const VARIANT none{};
@@ -305,6 +307,7 @@ TEST_F(ObjectLife, ItHoldsItselfWhileAUserChoosesDimensions) {
             driver::Click(driver::Item(dialog, IDCANCEL));
         });
     EXPECT_FALSE(parts) << "the list was read";
+    EXPECT_EQ(1u, References(held));
 }
 
 /// What a caller has in its out arguments.
