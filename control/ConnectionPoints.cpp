@@ -53,6 +53,7 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
     if (!sink || !cookie)
         return E_POINTER;
     *cookie = 0;
+    const ComPtr<IConnectionPoint> self(this);
     return Guarded([&]() -> HRESULT {
         ComPtr<IUnknown> connected = Query<IUnknown>(sink, iid_);
         if (!connected)

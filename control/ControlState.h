@@ -4,6 +4,8 @@
 
 #include <ole2.h>
 
+#include "framework/ComPtr.h"
+
 namespace nux {
 
 /// What the parts of a control share.
@@ -21,6 +23,7 @@ protected:
     virtual ~ControlState() = default;
     virtual const Identity& GetIdentity() const noexcept = 0;
 
+    ComPtr<IOleClientSite> site_;
     SIZEL extent_{5080, 5080};  ///< in 1/100 mm; two inches each way until a container sizes the control
     bool dirty_ = false;        ///< the extent has changed since it was loaded or saved
 };

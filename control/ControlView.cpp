@@ -1,9 +1,11 @@
 #include "control/ControlView.h"
 
 namespace nux {
+
 void ControlView::NotifyViewChanged() noexcept {
-    if (dataSinks_)
-        dataSinks_->SendOnDataChange(this, 0, 0);
+    const ComPtr<IDataObject> self(this);
+    if (const ComPtr<IDataAdviseHolder> sinks = dataSinks_)
+        sinks->SendOnDataChange(this, 0, 0);
     if (const ComPtr<IAdviseSink> sink = viewSink_) {
         if (viewFlags_ & ADVF_ONLYONCE)
             viewSink_.Reset();
@@ -29,6 +31,7 @@ STDMETHODIMP ControlView::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, 
 }
 
 STDMETHODIMP ControlView::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
+    const ComPtr<IDataObject> self(this);
     viewSink_ = ComPtr<IAdviseSink>(sink);
     viewAspects_ = aspects;
     viewFlags_ = flags;
@@ -105,16 +108,18 @@ STDMETHODIMP ControlView::EnumFormatEtc(DWORD, IEnumFORMATETC** enumeration) {
 }
 
 STDMETHODIMP ControlView::DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* connection) {
+    const ComPtr<IDataObject> self(this);
     if (!dataSinks_) {
         const HRESULT result = CreateDataAdviseHolder(dataSinks_.Receive());
         if (FAILED(result))
             return result;
     }
-    return dataSinks_->Advise(this, format, flags, sink, connection);
+    return ComPtr<IDataAdviseHolder>(dataSinks_)->Advise(this, format, flags, sink, connection);
 }
 
 STDMETHODIMP ControlView::DUnadvise(DWORD connection) {
-    return dataSinks_ ? dataSinks_->Unadvise(connection) : OLE_E_NOCONNECTION;
+    const ComPtr<IDataAdviseHolder> sinks = dataSinks_;
+    return sinks ? sinks->Unadvise(connection) : OLE_E_NOCONNECTION;
 }
 
 STDMETHODIMP ControlView::EnumDAdvise(IEnumSTATDATA** enumeration) {

@@ -1,17 +1,31 @@
 #include "control/nuxStdParts.h"
 #include "dimensions/nuxChooseStdDims.h"
 #include "environment/XMLAccess.h"
+#include "framework/DebugOutput.h"
 
 namespace nux {
 namespace {
 
-/// Takes an interface from a script's value. A value that holds no object stands for none.
-/// @return false if it holds an object without this interface
+/// An interface of a script's object. Raises E_INVALIDARG if the object lacks it.
+/// @param argument  name of the argument that holds the object
 template <class Interface>
-bool TakeObject(const VARIANT& value, ComPtr<Interface>& object) noexcept {
-    IDispatch* given = value.vt == VT_DISPATCH ? value.pdispVal : nullptr;
-    object = Query<Interface>(given);
-    return !given || object;
+ComPtr<Interface> TakeObject(IDispatch* object, const wchar_t* argument, const wchar_t* interfaceName) {
+    ComPtr<Interface> taken = Query<Interface>(object);
+    if (object && !taken)
+        throw HResultError(E_INVALIDARG,
+                           std::wstring(argument) + L" holds an object that is no " + interfaceName + L".");
+    return taken;
+}
+
+/// The object of a script's value. A value that holds none stands for none, and so does a reference to a
+/// variable.
+IDispatch* ObjectOf(const VARIANT& value, const wchar_t* argument) {
+    if (value.vt == VT_DISPATCH)
+        return value.pdispVal;
+    if (value.vt != VT_EMPTY && value.vt != VT_NULL)
+        TellDebugger(std::wstring(L"ChooseDimensions: ") + argument + L" is of type " +
+                     std::to_wstring(value.vt) + L" and not VT_DISPATCH. It stands for none.");
+    return nullptr;
 }
 
 /// The name of a registry key, which can't be empty.
@@ -25,22 +39,19 @@ std::string NameOrDefault(BSTR id) {
 STDMETHODIMP nuxStdParts::ChooseDimensions(BSTR CatalogID, BSTR ComponentID, IDispatch* NamesDisp,
                                            VARIANT DefaultValuesVar, VARIANT StdDimensionVar,
                                            VARIANT UsrDimensionVar, IDispatch** ChosenDimensions) {
-    if (!NamesDisp)
-        return E_INVALIDARG;
-    const ComPtr<IXMLDOMNodeList> names = Query<IXMLDOMNodeList>(NamesDisp);
-    ComPtr<IXMLDOMNode> defaults;
-    ComPtr<IXMLDOMNodeList> stdRows;
-    ComPtr<IXMLDOMNodeList> usrRows;
-    if (!names || !TakeObject(DefaultValuesVar, defaults) || !TakeObject(StdDimensionVar, stdRows) ||
-        !TakeObject(UsrDimensionVar, usrRows))
-        return E_INVALIDARG;
-    const ComPtr<InuxStdParts> self(this);  // a script may let go of the object while the dialog is open
-    return Guarded([&] {
+    return Operation([&] {
+        Require(NamesDisp, L"NamesDisp");
+        const auto names = TakeObject<IXMLDOMNodeList>(NamesDisp, L"NamesDisp", L"IXMLDOMNodeList");
+        const auto defaults = TakeObject<IXMLDOMNode>(ObjectOf(DefaultValuesVar, L"DefaultValuesVar"),
+                                                      L"DefaultValuesVar", L"IXMLDOMNode");
+        const auto stdRows = TakeObject<IXMLDOMNodeList>(ObjectOf(StdDimensionVar, L"StdDimensionVar"),
+                                                         L"StdDimensionVar", L"IXMLDOMNodeList");
+        const auto usrRows = TakeObject<IXMLDOMNodeList>(ObjectOf(UsrDimensionVar, L"UsrDimensionVar"),
+                                                         L"UsrDimensionVar", L"IXMLDOMNodeList");
         nuxChooseStdDims dialog(NameOrDefault(CatalogID), NameOrDefault(ComponentID), names.Get(),
                                 defaults.Get(), stdRows.Get(), usrRows.Get());
         if (dialog.Run(GetActiveWindow()) == IDOK && ChosenDimensions)
             dialog.ChosenRow().CopyTo(ChosenDimensions);
-        return S_OK;
     });
 }
 

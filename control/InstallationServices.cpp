@@ -8,94 +8,111 @@
 namespace nux {
 namespace {
 
-/// Hands out the document of a URL. E_FAIL if there is none.
-HRESULT HandOutDocument(const std::string& url, IDispatch** out) {
-    ComPtr<IXMLDOMDocument> document;
-    if (!LoadXMLDocument(url, document.Receive()))
-        return E_FAIL;
-    *out = document.Detach();
-    return S_OK;
+/// One of the object's paths, and where to look for a mistake when nothing is found below it.
+struct NamedPath {
+    const wchar_t* name;
+    const std::string& path;
+};
+
+/// What may be wrong with a path; empty if nothing is seen.
+std::wstring Hint(const NamedPath& named) {
+    const std::wstring path = Widen(named.path);
+    const std::wstring name = named.name;
+    if (path.empty())
+        return L" " + name + L" is empty: SetTRNVPaths has to be called before.";
+    if (path.back() != L'\\' && path.back() != L'/')
+        return L" " + name + L" lacks its closing backslash: " + path + L".";
+    return {};
 }
 
-/// Hands out the root element of the document of a URL. E_FAIL if there is no document, S_OK and null if it
-/// has no root.
-HRESULT HandOutRoot(const std::string& url, IDispatch** out) {
+/// The document of a URL. Raises E_FAIL if there is none.
+/// @param below  the path that the URL was made from; null for a URL of the caller's own
+ComPtr<IXMLDOMDocument> LoadOrFail(const std::string& url, const NamedPath* below) {
     ComPtr<IXMLDOMDocument> document;
-    if (!LoadXMLDocument(url, document.Receive()))
-        return E_FAIL;
+    std::wstring reason;
+    if (!LoadXMLDocument(url, document.Receive(), &reason))
+        throw HResultError(E_FAIL, Widen(url) + L" can't be loaded: " + reason + L"." +
+                                       (below ? Hint(*below) : std::wstring()));
+    return document;
+}
+
+/// The root element of the document of a URL, null if it has none. Raises E_FAIL if there is no document.
+ComPtr<IDispatch> RootOrFail(const std::string& url, const NamedPath& below) {
+    const ComPtr<IXMLDOMDocument> document = LoadOrFail(url, &below);
     ComPtr<IXMLDOMElement> root;
     if (document->get_documentElement(root.Receive()) != S_OK)
-        return S_OK;
-    const ComPtr<IXMLDOMNode> node = root.As<IXMLDOMNode>();
+        return nullptr;
+    ComPtr<IXMLDOMNode> node = root.As<IXMLDOMNode>();
     if (!node)
-        return E_FAIL;
-    node.CopyTo(out);
-    return S_OK;
+        throw HResultError(E_FAIL, Widen(url) + L" has a root that is no node.");
+    return node;
 }
 
 }  // namespace
 
 STDMETHODIMP nuxStdParts::SetTRNVPaths(BSTR CatalogPath, BSTR DataPath, BSTR GUIPath, BSTR CustomDimsPath) {
-    return Guarded([&] {
+    return Operation([&] {
         m_CatalogPath = Narrow(CatalogPath);
         m_DataPath = Narrow(DataPath);
         m_GUIPath = Narrow(GUIPath);
         m_CustomDimsPath = Narrow(CustomDimsPath);
         Installation() = {m_CatalogPath, m_DataPath, m_GUIPath, m_CustomDimsPath};
         SetHost3D(this, m_3D.Get());
-        return InitEnvironment() ? S_OK : E_FAIL;
+        if (!InitEnvironment())
+            throw HResultError(
+                E_FAIL,
+                L"The user's decimal separator can't be read. The paths are set and all else is done.");
     });
 }
 
 STDMETHODIMP nuxStdParts::GetComponentsDocument(BSTR CatalogID, IDispatch** Document) {
-    if (!Document)
-        return E_INVALIDARG;
-    *Document = nullptr;
-    return Guarded([&] { return HandOutDocument(CatalogURL(m_CatalogPath, Narrow(CatalogID)), Document); });
+    return Operation([&] {
+        Require(Document, L"Document");
+        *Document = nullptr;
+        const NamedPath root{L"CatalogPath", m_CatalogPath};
+        *Document = LoadOrFail(CatalogURL(m_CatalogPath, Narrow(CatalogID)), &root).Detach();
+    });
 }
 
 STDMETHODIMP nuxStdParts::GetXMLDocument(BSTR XMLFilePath, IDispatch** XMLDoc) {
-    if (!XMLDoc)
-        return E_INVALIDARG;
-    *XMLDoc = nullptr;
-    return Guarded([&] { return HandOutDocument(Narrow(XMLFilePath), XMLDoc); });
+    return Operation([&] {
+        Require(XMLDoc, L"XMLDoc");
+        *XMLDoc = nullptr;
+        *XMLDoc = LoadOrFail(Narrow(XMLFilePath), nullptr).Detach();
+    });
 }
 
 STDMETHODIMP nuxStdParts::GetStdDimensionNode(BSTR CatalogID, BSTR ComponentID, IDispatch** Node) {
-    if (!Node)
-        return E_INVALIDARG;
-    *Node = nullptr;
-    return Guarded([&] {
-        return HandOutRoot(StdDimensionsURL(m_CatalogPath, Narrow(CatalogID), Narrow(ComponentID)), Node);
+    return Operation([&] {
+        Require(Node, L"Node");
+        *Node = nullptr;
+        *Node = RootOrFail(StdDimensionsURL(m_CatalogPath, Narrow(CatalogID), Narrow(ComponentID)),
+                           {L"CatalogPath", m_CatalogPath})
+                    .Detach();
     });
 }
 
 STDMETHODIMP nuxStdParts::GetUsrDimensionNode(BSTR CatalogID, BSTR ComponentID, IDispatch** Node) {
-    if (!Node)
-        return E_INVALIDARG;
-    *Node = nullptr;
-    return Guarded([&] {
+    return Operation([&] {
+        Require(Node, L"Node");
+        *Node = nullptr;
         const std::string url = UsrDimensionsURL(m_CustomDimsPath, Narrow(CatalogID), Narrow(ComponentID));
         ForgetXMLDocument(url);  // a page may have rewritten the file since
-        return HandOutRoot(url, Node);
+        *Node = RootOrFail(url, {L"CustomDimsPath", m_CustomDimsPath}).Detach();
     });
 }
 
 STDMETHODIMP nuxStdParts::GetInterfaceLanguage(BSTR* Language) {
-    if (!Language)
-        return E_FAIL;
-    return Guarded([&] {
+    return Operation([&] {
+        Require(Language, L"Language", E_FAIL);
         ReplaceString(Language, InterfaceLanguage());
-        return S_OK;
     });
 }
 
 STDMETHODIMP nuxStdParts::GetLocalizedString(BSTR CatalogID, BSTR MsgID, BSTR* MsgStr) {
-    if (!MsgStr)
-        return E_FAIL;
-    return Guarded([&] {
+    return Operation([&] {
+        Require(MsgStr, L"MsgStr", E_FAIL);
         ReplaceString(MsgStr, GetLocalizedMessage(Narrow(CatalogID), Narrow(MsgID)));
-        return S_OK;
     });
 }
 

@@ -237,6 +237,7 @@ STDMETHODIMP OleControl::SetExtent(DWORD aspect, SIZEL* size) {
         return DV_E_DVASPECT;
     if (size->cx < 0 || size->cy < 0)
         return E_INVALIDARG;
+    const ComPtr<IOleObject> self(this);
     if (size->cx != extent_.cx || size->cy != extent_.cy) {
         extent_ = *size;
         dirty_ = true;
@@ -255,16 +256,18 @@ STDMETHODIMP OleControl::GetExtent(DWORD aspect, SIZEL* size) {
 }
 
 STDMETHODIMP OleControl::Advise(IAdviseSink* sink, DWORD* connection) {
+    const ComPtr<IOleObject> self(this);
     if (!sinks_) {
         const HRESULT result = CreateOleAdviseHolder(sinks_.Receive());
         if (FAILED(result))
             return result;
     }
-    return sinks_->Advise(sink, connection);
+    return ComPtr<IOleAdviseHolder>(sinks_)->Advise(sink, connection);
 }
 
 STDMETHODIMP OleControl::Unadvise(DWORD connection) {
-    return sinks_ ? sinks_->Unadvise(connection) : OLE_E_NOCONNECTION;
+    const ComPtr<IOleAdviseHolder> sinks = sinks_;
+    return sinks ? sinks->Unadvise(connection) : OLE_E_NOCONNECTION;
 }
 
 STDMETHODIMP OleControl::EnumAdvise(IEnumSTATDATA** enumeration) {
@@ -301,6 +304,7 @@ STDMETHODIMP OleControl::OnDocWindowActivate(BOOL activate) {
 STDMETHODIMP OleControl::QuickActivate(QACONTAINER* container, QACONTROL* control) {
     if (!container || !control)
         return E_POINTER;
+    const ComPtr<IOleObject> self(this);
     *control = {};
     control->cbSize = sizeof *control;
     SetClientSite(container->pClientSite);

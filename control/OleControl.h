@@ -29,6 +29,8 @@ public:
     /// Style of the control's window.
     static constexpr DWORD windowStyle = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
 
+    using ControlView::GetExtent;  // of the view, beside the object's
+
     // IOleObject
     STDMETHODIMP SetClientSite(IOleClientSite* site) override;
     STDMETHODIMP GetClientSite(IOleClientSite** site) override;
@@ -92,7 +94,8 @@ protected:
     const Identity& GetIdentity() const noexcept override { return identity_; }
 
 private:
-    // A site that is called may let go of the control: what calls it holds a reference of its own.
+    // A site or sink that is called may let go of the control, and of itself: what calls it holds references
+    // of its own.
 
     /// Where the site shows the control.
     struct InPlaceContext {
@@ -110,7 +113,6 @@ private:
 
     const Identity& identity_;
     const WindowClass& windowClass_;
-    ComPtr<IOleClientSite> site_;
     ComPtr<IOleInPlaceSite> inPlaceSite_;  ///< not null exactly while the control is active in place
     bool userInterfaceActive_ = false;
     ComPtr<IOleAdviseHolder> sinks_;

@@ -31,9 +31,12 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllRegisterServer() {
-    return nux::ApplyRegistryScript(IDR_REGISTRY, true);
+    const HRESULT entered = nux::ApplyRegistryScript(IDR_REGISTRY, true);
+    return FAILED(entered) ? entered : nux::RegisterTypeLibrary(true);
 }
 
 STDAPI DllUnregisterServer() {
-    return nux::ApplyRegistryScript(IDR_REGISTRY, false);
+    const HRESULT removed = nux::RegisterTypeLibrary(false);
+    const HRESULT scriptUndone = nux::ApplyRegistryScript(IDR_REGISTRY, false);
+    return FAILED(removed) ? removed : scriptUndone;
 }

@@ -5,39 +5,46 @@ namespace {
 
 constexpr VARTYPE variantArray = VT_ARRAY | VT_VARIANT;
 
-HRESULT GetSizes(const Variant& sizes, VARIANT* pVal) noexcept {
-    if (!pVal)
-        return E_INVALIDARG;
-    return sizes.Type() == variantArray ? sizes.CopyTo(pVal) : E_FAIL;
+}  // namespace
+
+HRESULT nuxDataManager::GetSizes(const Variant& sizes, VARIANT* pVal) noexcept {
+    return Operation([&] {
+        Require(pVal, L"pVal");
+        if (sizes.Type() != variantArray)
+            throw HResultError(E_FAIL, L"No sizes have been put.");
+        return sizes.CopyTo(pVal);
+    });
 }
 
-HRESULT PutSizes(Variant& sizes, const VARIANT& newVal) noexcept {
-    return newVal.vt == variantArray ? sizes.SetCopy(newVal) : E_INVALIDARG;
+HRESULT nuxDataManager::PutSizes(Variant& sizes, const VARIANT& newVal) noexcept {
+    return Operation([&] {
+        if (newVal.vt != variantArray)
+            throw HResultError(E_INVALIDARG,
+                               L"Sizes are an array of VARIANT: a script's array has to go through "
+                               L"JSArray2SafeArray, and no reference to a variable is taken.");
+        return sizes.SetCopy(newVal);
+    });
 }
 
-HRESULT GetText(const std::string& text, VARIANT* pVal) noexcept {
-    if (!pVal)
-        return E_INVALIDARG;
-    if (text.empty())
-        return E_FAIL;
-    return Guarded([&] {
+HRESULT nuxDataManager::GetText(const std::string& text, VARIANT* pVal) noexcept {
+    return Operation([&] {
+        Require(pVal, L"pVal");
+        if (text.empty())
+            throw HResultError(E_FAIL, L"No text has been put.");
         Variant value(text, CP_ACP);
         VariantClear(pVal);
         *pVal = value.Detach();
-        return S_OK;
     });
 }
 
-HRESULT PutText(std::string& text, const VARIANT& newVal) noexcept {
-    if (newVal.vt != VT_BSTR)
-        return E_INVALIDARG;
-    return Guarded([&] {
+HRESULT nuxDataManager::PutText(std::string& text, const VARIANT& newVal) noexcept {
+    return Operation([&] {
+        if (newVal.vt != VT_BSTR)
+            throw HResultError(E_INVALIDARG,
+                               L"The value has to be a string, and no reference to a variable is taken.");
         text = Narrow(newVal.bstrVal);
-        return S_OK;
     });
 }
-
-}  // namespace
 
 STDMETHODIMP nuxDataManager::get_CavityPlateSizes(VARIANT* pVal) {
     return GetSizes(m_CavityPlateSizes, pVal);
@@ -56,10 +63,11 @@ STDMETHODIMP nuxDataManager::put_CorePlateSizes(VARIANT newVal) {
 }
 
 STDMETHODIMP nuxDataManager::ClearData() {
-    Variant cavity, core;  // what they take over goes last: the release of its elements may call back
-    m_CavityPlateSizes.Swap(cavity);
-    m_CorePlateSizes.Swap(core);
-    return S_OK;
+    return Operation([&] {
+        Variant cavity, core;  // what they take over goes last: the release of its elements may call back
+        m_CavityPlateSizes.Swap(cavity);
+        m_CorePlateSizes.Swap(core);
+    });
 }
 
 STDMETHODIMP nuxDataManager::get_CatalogName(VARIANT* pVal) {

@@ -33,6 +33,11 @@ public:
     STDMETHODIMP put_Units(VARIANT newVal) override;
 
 private:
+    HRESULT GetSizes(const Variant& sizes, VARIANT* pVal) noexcept;
+    HRESULT PutSizes(Variant& sizes, const VARIANT& newVal) noexcept;
+    HRESULT GetText(const std::string& text, VARIANT* pVal) noexcept;
+    HRESULT PutText(std::string& text, const VARIANT& newVal) noexcept;
+
     Variant m_CavityPlateSizes;
     Variant m_CorePlateSizes;
     std::string m_CatalogName;

@@ -23,9 +23,8 @@ const WindowClass& ControlWindowClass() noexcept {
 
 /// Hands out a reference of the object, or null and S_FALSE.
 template <class Interface>
-HRESULT HandOut(const ComPtr<Interface>& object, IDispatch** pVal) noexcept {
-    if (!pVal)
-        return E_INVALIDARG;
+HRESULT HandOut(const ComPtr<Interface>& object, IDispatch** pVal) {
+    Require(pVal, L"pVal");
     object.CopyTo(pVal);
     return object ? S_OK : S_FALSE;
 }
@@ -63,54 +62,58 @@ void* nuxStdParts::FindInterface(REFIID iid) noexcept {
 }
 
 STDMETHODIMP nuxStdParts::SetExternalDispatch(IDispatch* pDisp) {
-    const ComPtr<InuxStdParts> self(this);  // the host that is called may let go of the object
-    m_ExternalDispatch = ComPtr<IDispatch>(pDisp);
-    if (!pDisp)
-        return E_INVALIDARG;
-    m_Initialised = 1;
-    const ComPtr<IDispatch> side = m_3D;  // the host may replace it while it is asked
-    if (!side.As<Inux3DReady>())
-        return E_FAIL;
-    const ComPtr<Inux3D> host = side.As<Inux3D>();
-    if (!host)
-        return E_FAIL;
-    host->AttachHost(pDisp);
+    return Operation([&] {
+        m_ExternalDispatch = ComPtr<IDispatch>(pDisp);
+        Require(pDisp, L"pDisp");
+        m_Initialised = 1;
+        const ComPtr<IDispatch> side = m_3D;  // the host may replace it while it is asked
+        if (!side)
+            throw HResultError(E_FAIL, L"nux3D has to be set before SetExternalDispatch.");
+        if (!side.As<Inux3DReady>())
+            throw HResultError(E_FAIL, L"The 3D side in nux3D is not ready: it does not offer Inux3DReady.");
+        const ComPtr<Inux3D> host = side.As<Inux3D>();
+        if (!host)
+            throw HResultError(E_FAIL, L"The object in nux3D is no 3D side: it does not offer Inux3D.");
+        host->AttachHost(pDisp);
 
-    m_HostHWND = nullptr;
-    Variant window;
-    if (SUCCEEDED(GetDispatchProperty(pDisp, L"MainWindowHWND", &window)) && window.Type() == VT_I4)
-        m_HostHWND = static_cast<HWND>(LongToHandle(window.Number()));
-    return S_OK;
+        m_HostHWND = nullptr;
+        Variant window;
+        if (SUCCEEDED(GetDispatchProperty(pDisp, L"MainWindowHWND", &window)) && window.Type() == VT_I4)
+            m_HostHWND = static_cast<HWND>(LongToHandle(window.Number()));
+    });
 }
 
 STDMETHODIMP nuxStdParts::get_nux3D(IDispatch** pVal) {
-    return HandOut(m_3D, pVal);
+    return Operation([&] { return HandOut(m_3D, pVal); });
 }
 
 STDMETHODIMP nuxStdParts::put_nux3D(IDispatch* newVal) {
-    // Folders of catalogues are asked of the pointer that SetTRNVPaths has handed on. Nobody else holds it.
-    if (newVal != m_3D.Get())
-        WithdrawHost3D(this);
-    m_3D = ComPtr<IDispatch>(newVal);
-    return S_OK;
+    return Operation([&] {
+        // Folders of catalogues are asked of the pointer that SetTRNVPaths has handed on. Nobody else holds
+        // it.
+        if (newVal != m_3D.Get())
+            WithdrawHost3D(this);
+        m_3D = ComPtr<IDispatch>(newVal);
+    });
 }
 
 STDMETHODIMP nuxStdParts::get_EditedComponent(IDispatch** pVal) {
-    return HandOut(m_EditedComponent, pVal);
+    return Operation([&] { return HandOut(m_EditedComponent, pVal); });
 }
 
 STDMETHODIMP nuxStdParts::get_Initialised(long* pVal) {
-    if (!pVal)
-        return E_INVALIDARG;
-    *pVal = m_Initialised;
-    return S_OK;
+    return Operation([&] {
+        Require(pVal, L"pVal");
+        *pVal = m_Initialised;
+    });
 }
 
 STDMETHODIMP nuxStdParts::put_Initialised(long newVal) {
-    if (newVal != 0 && newVal != 1)
-        return E_INVALIDARG;
-    m_Initialised = newVal;
-    return S_OK;
+    return Operation([&] {
+        if (newVal != 0 && newVal != 1)
+            throw HResultError(E_INVALIDARG, L"Initialised takes 0 and 1 only.");
+        m_Initialised = newVal;
+    });
 }
 
 STDMETHODIMP nuxStdParts::get_Version(BSTR*) {
@@ -118,7 +121,12 @@ STDMETHODIMP nuxStdParts::get_Version(BSTR*) {
 }
 
 STDMETHODIMP nuxStdParts::get_DataManager(IDispatch** pVal) {
-    return HandOut(m_DataManager, pVal);
+    return Operation([&] { return HandOut(m_DataManager, pVal); });
+}
+
+HRESULT nuxStdParts::NotOffered() noexcept {
+    return Operation(
+        [] { throw HResultError(E_NOTIMPL, L"This version does not offer this operation yet."); });
 }
 
 }  // namespace nux

@@ -19,7 +19,13 @@ namespace nux {
 /// Use it in this order, which nothing enforces: set `nux3D`, SetExternalDispatch, SetTRNVPaths, then the
 /// rest. Strings are narrow inside, in the thread's ANSI code page. Out strings and values replace the
 /// caller's, which must be initialised. Unless told otherwise an operation returns S_OK, E_INVALIDARG for a
-/// null out pointer, and E_OUTOFMEMORY when memory runs out.
+/// null out pointer, and E_OUTOFMEMORY when memory runs out. An operation that fails says why in the thread's
+/// error object, in English: scripts read it as `message` or `Err.Description`.
+///
+/// What is read when: a catalogue, a standard dimension file and a document of GetXMLDocument at the first
+/// call that asks for them, and anew only once an object of this class has gone, whichever; a user's
+/// dimension file at each call; the messages of a catalogue once for the life of the process, and where their
+/// file was missing or broken they stay untranslated for as long, whatever the paths or the language become.
 class nuxStdParts : public Dispatch<InuxStdParts>, public OleControl {
 public:
     nuxStdParts();
@@ -31,8 +37,15 @@ public:
     /// @return E_INVALIDARG for null, which clears the old object; E_FAIL without a 3D side that is ready,
     ///         with the new object kept and `Initialised` set
     STDMETHODIMP SetExternalDispatch(IDispatch* pDisp) override;
+    // The 3D side is what SetExternalDispatch and the wizards call. One that is set before SetTRNVPaths is
+    // also asked for the folder of each catalogue, where the catalogue's own translations lie. Without one
+    // that folder is taken to be the root of the catalogues: all else works, and those translations are not
+    // found.
+
     /// S_FALSE and null when there is none.
     STDMETHODIMP get_nux3D(IDispatch** pVal) override;
+    /// Null lets go of the old one. Another than before is asked for folders only from the next SetTRNVPaths
+    /// on.
     STDMETHODIMP put_nux3D(IDispatch* newVal) override;
     /// S_FALSE and null when there is none.
     STDMETHODIMP get_EditedComponent(IDispatch** pVal) override;
@@ -49,10 +62,10 @@ public:
     // Installation paths and documents: InstallationServices.cpp
 
     /// Takes the four paths as they stand, each with its closing separator, and starts the environment.
-    /// `nux3D` must be set before.
     /// @return E_FAIL if the environment did not start; the paths are set then too
     STDMETHODIMP SetTRNVPaths(BSTR CatalogPath, BSTR DataPath, BSTR GUIPath, BSTR CustomDimsPath) override;
     /// The document of a catalogue's "Catalog.xml", shared with all who ask for it. E_FAIL if there is none.
+    /// It is looked for below the path that SetTRNVPaths was given; the host is not asked.
     STDMETHODIMP GetComponentsDocument(BSTR CatalogID, IDispatch** Document) override;
     /// Root element of a component's standard dimension file. E_FAIL if the file can't be loaded; S_OK and
     /// null for a document without a root.
@@ -68,14 +81,19 @@ public:
 
     // Services for scripts: ScriptServices.cpp
 
-    /// Appends the text to the log behind a stamp of date and time. Does nothing without a log file.
+    /// Appends the text to the log behind a stamp of date and time. Does nothing without a log file. A log
+    /// file that can't be opened ends the process, with exit code -1, at its first entry: a run that is to be
+    /// watched does not go on unwatched.
     STDMETHODIMP WriteDebugString(BSTR DebugString) override;
     STDMETHODIMP get_DebugSessionStatus(long* pVal) override;
-    /// A nonzero value sets the log file beside the installation unless one is set; 0 leaves it on.
+    /// A nonzero value sets the log file unless one is set: "brask_log" four levels above the folder of the
+    /// wizard pages, where the user must be allowed to write. 0 leaves the log on.
     STDMETHODIMP put_DebugSessionStatus(long newVal) override;
     /// Sets the log file; an empty text leaves it and only clears the flag that DebugSessionStatus reads.
     STDMETHODIMP put_DebugSessionStatusAndLogFile(BSTR newVal) override;
-    /// Replaces a file by the narrowed text. E_FAIL if it can't be written whole.
+    /// Replaces a file by the text in the thread's ANSI code page. Characters that the code page lacks become
+    /// question marks or look-alikes, with success: a page that writes XML writes them as character
+    /// references. E_FAIL if the file can't be written whole.
     STDMETHODIMP SaveFile(BSTR FileName, BSTR Data) override;
     STDMETHODIMP get_UserData(BSTR* pVal) override;
     STDMETHODIMP put_UserData(BSTR newVal) override;
@@ -113,36 +131,36 @@ public:
                                   VARIANT DefaultValuesVar, VARIANT StdDimensionVar, VARIANT UsrDimensionVar,
                                   IDispatch** ChosenDimensions) override;
 
-    // Operations that this version does not offer yet.
+    // Operations that this version does not offer yet: E_NOTIMPL, with every out argument left as it is.
 
-    STDMETHODIMP SetEditedComponent(VARIANT, long) override { return E_NOTIMPL; }
-    STDMETHODIMP Navigate(BSTR) override { return E_NOTIMPL; }
-    STDMETHODIMP get_CatalogID(BSTR*) override { return E_NOTIMPL; }
-    STDMETHODIMP get_ComponentID(BSTR*) override { return E_NOTIMPL; }
-    STDMETHODIMP SetStatusMessage(BSTR) override { return E_NOTIMPL; }
-    STDMETHODIMP CreateProgressBar() override { return E_NOTIMPL; }
-    STDMETHODIMP DestroyProgressBar() override { return E_NOTIMPL; }
-    STDMETHODIMP UpdateProgressBar(long) override { return E_NOTIMPL; }
-    STDMETHODIMP ExecuteFileInShell(BSTR) override { return E_NOTIMPL; }
-    STDMETHODIMP GetSaveFileName(BSTR, BSTR, BSTR, BSTR, BSTR*) override { return E_NOTIMPL; }
-    STDMETHODIMP NewComponent(long, long*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetComponent(BSTR, BSTR) override { return E_NOTIMPL; }
-    STDMETHODIMP get_WebBrowser(IDispatch**) override { return E_NOTIMPL; }
-    STDMETHODIMP MessageBox(BSTR, BSTR, long, long*) override { return E_NOTIMPL; }
-    STDMETHODIMP AttachBrowser(IDispatch*) override { return E_NOTIMPL; }
-    STDMETHODIMP put_StatusBar(IDispatch*) override { return E_NOTIMPL; }
-    STDMETHODIMP UnLoadStatusBar() override { return E_NOTIMPL; }
-    STDMETHODIMP TRNVExportDlg(long, BSTR*) override { return E_NOTIMPL; }
+    STDMETHODIMP SetEditedComponent(VARIANT, long) override { return NotOffered(); }
+    STDMETHODIMP Navigate(BSTR) override { return NotOffered(); }
+    STDMETHODIMP get_CatalogID(BSTR*) override { return NotOffered(); }
+    STDMETHODIMP get_ComponentID(BSTR*) override { return NotOffered(); }
+    STDMETHODIMP SetStatusMessage(BSTR) override { return NotOffered(); }
+    STDMETHODIMP CreateProgressBar() override { return NotOffered(); }
+    STDMETHODIMP DestroyProgressBar() override { return NotOffered(); }
+    STDMETHODIMP UpdateProgressBar(long) override { return NotOffered(); }
+    STDMETHODIMP ExecuteFileInShell(BSTR) override { return NotOffered(); }
+    STDMETHODIMP GetSaveFileName(BSTR, BSTR, BSTR, BSTR, BSTR*) override { return NotOffered(); }
+    STDMETHODIMP NewComponent(long, long*) override { return NotOffered(); }
+    STDMETHODIMP GetComponent(BSTR, BSTR) override { return NotOffered(); }
+    STDMETHODIMP get_WebBrowser(IDispatch**) override { return NotOffered(); }
+    STDMETHODIMP MessageBox(BSTR, BSTR, long, long*) override { return NotOffered(); }
+    STDMETHODIMP AttachBrowser(IDispatch*) override { return NotOffered(); }
+    STDMETHODIMP put_StatusBar(IDispatch*) override { return NotOffered(); }
+    STDMETHODIMP UnLoadStatusBar() override { return NotOffered(); }
+    STDMETHODIMP TRNVExportDlg(long, BSTR*) override { return NotOffered(); }
     STDMETHODIMP MessageBoxHTML(BSTR, BSTR, long, VARIANT_BOOL, long, long, long*) override {
-        return E_NOTIMPL;
+        return NotOffered();
     }
     STDMETHODIMP ShowHTMLModelessDialog(BSTR, BSTR, long, long, long, long, VARIANT, IDispatch**) override {
-        return E_NOTIMPL;
+        return NotOffered();
     }
     STDMETHODIMP ShowHTMLModalDialog(BSTR, BSTR, long, long, long, long, VARIANT, VARIANT*) override {
-        return E_NOTIMPL;
+        return NotOffered();
     }
-    STDMETHODIMP DeleteClosedModelessIEDlgs() override { return E_NOTIMPL; }
+    STDMETHODIMP DeleteClosedModelessIEDlgs() override { return NotOffered(); }
 
 protected:
     void* FindInterface(REFIID iid) noexcept;
@@ -151,6 +169,15 @@ protected:
     void OnLastRelease() noexcept;
 
 private:
+    HRESULT GetText(const std::string& text, BSTR* pVal) noexcept;
+    HRESULT PutText(std::string& text, BSTR newVal) noexcept;
+    HRESULT NotOffered() noexcept;
+    /// The 3D side. Raises E_FAIL if there is none or it is another kind of object.
+    ComPtr<Inux3D> Host3DOrFail() const;
+
+    // Two styles of names meet in the automation classes. State that a client of the object can tell, or that
+    // is told of under this name in documents for hosts, is m_ and the capital word by which they know it.
+    // All else, as in all other classes, has the underscore behind.
     ComPtr<InuxEditedComponent> m_EditedComponent;
     std::string m_CatalogPath;
     std::string m_DataPath;
@@ -160,7 +187,7 @@ private:
     long m_DebugSessionStatus = 0;
     Variant m_GlobalData;
     DWORD m_ActiveObjectCookie = 0;
-    ComPtr<nuxDataManager> m_DataManager;
+    ComPtr<InuxDataManager> m_DataManager;
     long m_Initialised = 0;
     ComPtr<IDispatch> m_3D;
     ComPtr<IDispatch> m_ExternalDispatch;

@@ -10,6 +10,7 @@
 #include "dimensions/DimensionKeys.h"
 #include "environment/Localisation.h"
 #include "environment/XMLAccess.h"
+#include "framework/DebugOutput.h"
 
 namespace nux {
 namespace {
@@ -83,6 +84,9 @@ void DimensionTable::FillRows(IXMLDOMNodeList* rows, std::uint32_t source) {
         const RowState state = ReadRow(row, source);
         if (state == RowState::Passes)
             InsertRow(row, source);
+        if (state == RowState::Incomplete && !(std::exchange(toldSources_, toldSources_ | source) & source))
+            TellDebugger(L"a row of source " + std::to_wstring(source) +
+                         L" lacks a value: it ends its source.");
         return state != RowState::Incomplete;
     });
 }

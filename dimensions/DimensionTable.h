@@ -88,6 +88,7 @@ private:
     std::vector<Dimension> dimensions_;
     DimensionRows rows_;
     std::vector<std::string> cells_;  ///< of the row that is being read
+    std::uint32_t toldSources_ = 0;   ///< of which a debugger was told that a row has ended them
 };
 
 }  // namespace nux

@@ -10,7 +10,9 @@
 #include "environment/InstallationFiles.h"
 #include "environment/Localisation.h"
 #include "environment/Settings.h"
+#include "framework/DebugOutput.h"
 #include "framework/Module.h"
+#include "framework/Text.h"
 
 namespace nux {
 namespace {
@@ -47,6 +49,8 @@ bool InitEnvironment() {
     SetInterfaceLanguage(DetermineInterfaceLanguage());
     if (!InterfaceLanguage().empty())
         SwitchResources(InterfaceLanguage());
+    else
+        TellDebugger(L"no folder of the user's language in " + Widen(GetLocaleFolder()) + L".");
     const bool separatorRead = ReadDecimalSeparator();
     std::string logFile;
     if (CRegistry(HKEY_LOCAL_MACHINE).GetStringValue(GetRegistryRoot(), "DebugOutputFile", &logFile))

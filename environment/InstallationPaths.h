@@ -20,19 +20,23 @@ struct InstallationPaths {
 /// Process-wide: the last call of SetTRNVPaths of any object wins.
 InstallationPaths& Installation() noexcept;
 
-/// Sets the host's 3D side, which is asked for the folders of catalogues; the last one set counts.
+/// Whether a URL is a file's below one of the installation paths. Throws std::bad_alloc.
+bool IsOfInstallation(const std::wstring& url);
+
+/// Sets the host's 3D side, which is asked for the folders of catalogues. Process-wide, as the paths are: it
+/// takes the place of the one that another owner has set.
 /// @param owner  whoever sets it. It withdraws it before it lets go of its own reference: none is held here
 /// @param host   null for none
-/// Throws std::bad_alloc.
-void SetHost3D(const void* owner, IDispatch* host);
+void SetHost3D(const void* owner, IDispatch* host) noexcept;
 
-/// Forgets the 3D side that this owner has set. The one that another has set before counts again.
+/// Forgets the 3D side if it is this owner's. Then there is none until one is set again: an earlier owner's
+/// does not come back, as it never belonged to the paths that are set.
 void WithdrawHost3D(const void* owner) noexcept;
 
 /// Folder of a catalogue, as the host tells it, with its closing separator.
 /// @param catalogId  catalogue ID; an empty one asks for the root of all catalogues
 /// @return the host's answer; the catalogue root itself, without the ID, if there is no host, it is a foreign
-///         object, or it gives no string. Throws std::bad_alloc.
+///         object, it gives no string, or an empty one for the empty ID. Throws std::bad_alloc.
 std::string GetCatalogFolder(const std::string& catalogId);
 
 }  // namespace nux

@@ -6,6 +6,7 @@
 
 #include "environment/InstallationFiles.h"
 #include "environment/InstallationPaths.h"
+#include "environment/Paths.h"
 #include "framework/ProcessWide.h"
 
 namespace nux {
@@ -38,18 +39,36 @@ ComPtr<IXMLDOMDocument> NewDocument() noexcept {
     return document;
 }
 
-/// Reads a file into the document. @return whether that succeeded
-bool Load(IXMLDOMDocument* document, const std::string& url) {
+/// Why the document could not be loaded.
+std::wstring ReasonOf(IXMLDOMDocument* document, const std::string& url) {
+    if (!URLTargetExists(url))
+        return L"there is no such file, or it can't be opened";
+    ComPtr<IXMLDOMParseError> error;
+    return document->get_parseError(error.Receive()) == S_OK ? DescribeParseError(error.Get())
+                                                             : std::wstring();
+}
+
+/// Reads a file into the document.
+/// @param reason  receives why that failed; may be null
+/// @return whether that succeeded
+bool Load(IXMLDOMDocument* document, const std::string& url, std::wstring* reason = nullptr) {
     const Variant source(url);
-    if (SysStringLen(source.Text()) > longestUrl)
+    if (SysStringLen(source.Text()) > longestUrl) {
+        if (reason)
+            *reason = L"it is longer than " + std::to_wstring(longestUrl) + L" characters";
         return false;
+    }
     VARIANT_BOOL succeeded = VARIANT_FALSE;  // not looked at: the returned code decides
-    return document->load(source.Get(), &succeeded) == S_OK;
+    if (document->load(source.Get(), &succeeded) == S_OK)
+        return true;
+    if (reason)
+        *reason = ReasonOf(document, url);
+    return false;
 }
 
 }  // namespace
 
-bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document) {
+bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document, std::wstring* reason) {
     if (!document)
         return false;
     *document = nullptr;
@@ -58,11 +77,27 @@ bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document) {
         return true;
     }
     ComPtr<IXMLDOMDocument> loaded = NewDocument();
-    if (!loaded || !Load(loaded.Get(), url))
+    if (!loaded && reason)
+        *reason = L"the DOM can't be made";
+    if (!loaded || !Load(loaded.Get(), url, reason))
         return false;
     KeepXMLDocument(url, loaded.Get());
     *document = loaded.Detach();
     return true;
+}
+
+std::wstring DescribeParseError(IXMLDOMParseError* error) {
+    Bstr reason;
+    error->get_reason(reason.Receive());
+    std::wstring words(reason.View());
+    words.erase(words.find_last_not_of(L"\r\n ") + 1);
+    if (words.empty())
+        words = L"it is not well formed";
+    LONG line = 0;
+    LONG character = 0;
+    if (error->get_line(&line) != S_OK || error->get_linepos(&character) != S_OK || line == 0)
+        return words;  // Wine 8.0 tells no place
+    return L"line " + std::to_wstring(line) + L", character " + std::to_wstring(character) + L": " + words;
 }
 
 void KeepXMLDocument(const std::string& url, IXMLDOMDocument* document) {

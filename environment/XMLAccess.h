@@ -21,8 +21,13 @@ namespace nux {
 /// scripts included, share one document; it is not read again when its file changes.
 /// @param url       what the DOM loads; compared byte by byte, so each spelling is a document of its own
 /// @param document  receives a document with one reference for the caller, or null
+/// @param reason    receives why there is no document, for people; null if nobody asks. It is looked for only
+///                  once the load has failed
 /// @return whether there is a document. A failed load is not remembered.
-bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document);
+bool LoadXMLDocument(const std::string& url, IXMLDOMDocument** document, std::wstring* reason = nullptr);
+
+/// Where and why a document is not well formed, in the words of the DOM.
+std::wstring DescribeParseError(IXMLDOMParseError* error);
 
 /// Enters a document that was made in memory under its URL, behind those that are kept already.
 void KeepXMLDocument(const std::string& url, IXMLDOMDocument* document);

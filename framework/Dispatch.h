@@ -4,15 +4,17 @@
 
 #include <ole2.h>
 
-#include "framework/HResult.h"
+#include "framework/ComPtr.h"
+#include "framework/ErrorInfo.h"
 #include "framework/Implements.h"
 #include "framework/TypeLibrary.h"
 
 namespace nux {
 
-/// IDispatch of a dual interface, by its description in the module's type library.
+/// IDispatch of a dual interface, by its description in the module's type library. Operations of the
+/// interface run in Operation, and so say why they fail.
 template <class Interface>
-class Dispatch : public Implements<AlsoAs<Interface, IDispatch>> {
+class Dispatch : public Implements<AlsoAs<Interface, IDispatch>, ISupportErrorInfo> {
 public:
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         if (!count)
@@ -48,6 +50,21 @@ public:
             return TypeInfoOf(IdOf<Interface>())
                 ->Invoke(static_cast<Interface*>(this), id, flags, parameters, result, exception,
                          argumentError);
+        });
+    }
+
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override {
+        return iid == IdOf<Interface>() ? S_OK : S_FALSE;
+    }
+
+protected:
+    /// Runs the body of an operation as TellFailure does, and holds the object meanwhile: whatever the
+    /// operation calls or lets go of may let go of the object.
+    template <class Body>
+    HRESULT Operation(Body&& body) noexcept {
+        return TellFailure(IdOf<Interface>(), [&] {
+            const ComPtr<Interface> self(this);
+            return body();
         });
     }
 };

@@ -4,18 +4,24 @@
 
 #include <exception>
 #include <new>
+#include <string>
+#include <utility>
 
 namespace nux {
 
-/// A failure that is raised inside and leaves the component as its code.
+/// A failure that is raised inside and leaves the component as its code, and with its words if it has any.
 class HResultError : public std::exception {
 public:
-    explicit HResultError(HRESULT code) noexcept : code_(code) {}
+    /// @param words  English sentences for people: what failed, and why
+    explicit HResultError(HRESULT code, std::wstring words = {}) noexcept
+        : code_(code), words_(std::move(words)) {}
     HRESULT Code() const noexcept { return code_; }
+    const std::wstring& Words() const noexcept { return words_; }
     const char* what() const noexcept override { return "HRESULT failure"; }
 
 private:
     HRESULT code_;
+    std::wstring words_;
 };
 
 /// The failure that the platform's last call has left, E_FAIL if it told none.

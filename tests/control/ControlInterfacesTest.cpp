@@ -264,11 +264,43 @@ TEST_F(ControlInterfaces, ItTellsItsClassAndItsEvents) {
     EXPECT_EQ(E_POINTER, information->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, nullptr));
 }
 
-TEST_F(ControlInterfaces, ItHasNoPropertyPagesAndNoErrorObjects) {
+TEST_F(ControlInterfaces, ItHasNoPropertyPages) {
     CAUUID pages{5, nullptr};
     EXPECT_EQ(S_OK, As<ISpecifyPropertyPages>()->GetPages(&pages));
     EXPECT_EQ(0u, pages.cElems);
-    EXPECT_EQ(S_FALSE, As<ISupportErrorInfo>()->InterfaceSupportsErrorInfo(IID_InuxStdParts));
+}
+
+TEST_F(ControlInterfaces, ASinkMayLetGoOfTheControlAndOfItselfWhileItIsCalled) {
+    SIZEL size{77, 88};
+    FORMATETC format{};
+    DWORD connection = 0;
+    const auto letGo = [&] {
+        parts.Reset();
+        EXPECT_EQ(S_FALSE, ModuleCanUnload()) << "the call goes on in it";
+    };
+    for (const bool ofView : {true, false}) {
+        const auto sink = MakeObject<AdviseSink>();
+        IOleObject* const object = As<IOleObject>().Get();
+        if (ofView)
+            As<IViewObject>()->SetAdvise(DVASPECT_CONTENT, 0, sink.Get());
+        else
+            EXPECT_EQ(S_OK, As<IDataObject>()->DAdvise(&format, ADVF_NODATA, sink.Get(), &connection));
+        sink->during = letGo;
+        EXPECT_EQ(S_OK, object->SetExtent(DVASPECT_CONTENT, &size));
+        EXPECT_EQ((Journal{ofView ? "OnViewChange" : "OnDataChange"}), sink->calls);
+        EXPECT_EQ(1u, References(sink.Get()));
+        parts = CreateParts();
+    }
+    for (const bool ofView : {true, false}) {  // told while it is connected
+        const auto sink = MakeObject<AdviseSink>();
+        sink->during = letGo;
+        if (ofView)
+            As<IViewObject>().Get()->SetAdvise(DVASPECT_CONTENT, ADVF_PRIMEFIRST, sink.Get());
+        else
+            As<IDataObject>().Get()->DAdvise(&format, ADVF_PRIMEFIRST | ADVF_NODATA, sink.Get(), &connection);
+        EXPECT_EQ(1u, References(sink.Get()));
+        parts = CreateParts();
+    }
 }
 
 TEST_F(ControlInterfaces, ItIsSafeForScriptsAndData) {

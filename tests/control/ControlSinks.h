@@ -4,6 +4,8 @@
 
 #include <ocidl.h>
 
+#include <functional>
+
 #include "nuxStdPartsAX.h"
 #include "tests/support/HostDoubles.h"
 
@@ -15,9 +17,10 @@ public:
     virtual ~AdviseSink() = default;
 
     Journal calls;
+    std::function<void()> during;  ///< runs while a change is told; may be empty
 
-    STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override { calls.push_back("OnDataChange"); }
-    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override { calls.push_back("OnViewChange"); }
+    STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override { Note("OnDataChange"); }
+    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override { Note("OnViewChange"); }
     STDMETHODIMP_(void) OnRename(IMoniker*) override { calls.push_back("OnRename"); }
     STDMETHODIMP_(void) OnSave() override { calls.push_back("OnSave"); }
     STDMETHODIMP_(void) OnClose() override { calls.push_back("OnClose"); }
@@ -28,6 +31,13 @@ protected:
         return iid == IID_IUnknown || iid == IID_IAdviseSink || iid == IID_IAdviseSinkEx
                    ? static_cast<IAdviseSinkEx*>(this)
                    : nullptr;
+    }
+
+private:
+    void Note(const char* change) {
+        calls.push_back(change);
+        if (during)
+            during();
     }
 };
 

@@ -34,9 +34,9 @@ HRESULT ControlSite::Note(const char* call, HRESULT result) {
     return result;
 }
 
-STDMETHODIMP ControlSite::GetContainer(IOleContainer** container) {
-    *container = nullptr;
-    return E_NOINTERFACE;
+STDMETHODIMP ControlSite::GetContainer(IOleContainer** containerOut) {
+    container.CopyTo(containerOut);
+    return container ? S_OK : E_NOINTERFACE;
 }
 
 STDMETHODIMP ControlSite::GetWindow(HWND* window) {

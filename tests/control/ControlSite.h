@@ -37,7 +37,7 @@ protected:
 };
 
 /// A container's site for one control, which writes down what the control asks of it. It offers a window, and
-/// a frame if it is given one.
+/// a container and a frame if it is given them.
 class ControlSite : public IOleClientSite, public IOleInPlaceSite {
 public:
     explicit ControlSite(HWND window) : window_(window) {}
@@ -45,6 +45,7 @@ public:
 
     Journal calls;
     std::function<void(const std::string&)> during;  ///< told of each call while it is made; may be empty
+    ComPtr<IOleContainer> container;
     ComPtr<IOleInPlaceFrame> frame;
     bool offersInPlace = true;
     HRESULT canActivate = S_OK;

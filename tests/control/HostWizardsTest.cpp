@@ -93,6 +93,19 @@ TEST_F(HostWizards, TheLifterWizardIsMadeOncePerObject) {
     EXPECT_EQ(1u, References(wizard.Get()));
 }
 
+TEST_F(HostWizards, ALifterWizardMayLetGoOfTheObjectWhileItIsMade) {
+    LifterWizardClass wizards;
+    wizards.WhileMaking([&] {
+        ReleaseParts();
+        EXPECT_EQ(S_FALSE, ModuleCanUnload()) << "the call goes on in it";
+    });
+    InuxStdParts* const last = parts.Get();
+    ComPtr<IDispatch> wizard;
+    EXPECT_EQ(S_OK, last->get_LifterWizard(wizard.Receive()));
+    ASSERT_TRUE(wizard);
+    EXPECT_EQ(1u, References(wizard.Get()));
+}
+
 TEST_F(HostWizards, ALifterWizardThatWasMissingIsTriedAgain) {
     ComPtr<IDispatch> wizard;
     EXPECT_EQ(S_FALSE, parts->get_LifterWizard(wizard.Receive()));

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <vector>
 
+#include "Inux3D.h"
 #include "tests/control/Component.h"
 #include "tests/support/DescribedType.h"
 
@@ -213,6 +214,81 @@ TEST_F(TypeLibraryInTheModule, TellsTheClassWithItsDefaultInterfaceAndDefaultSou
     };
     expectImplemented(0, IMPLTYPEFLAG_FDEFAULT, "InuxStdParts");
     expectImplemented(1, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE, "_InuxStdPartsEvents");
+}
+
+/// The help text of each operation of an interface, in the order of the table of virtual operations.
+std::vector<std::wstring> HelpTexts(ITypeInfo* type) {
+    std::vector<std::wstring> texts;
+    const TypeAttributes attributes(type);
+    for (UINT i = 0; i < attributes->cFuncs; ++i) {
+        FUNCDESC* function = nullptr;
+        if (FAILED(type->GetFuncDesc(i, &function)))
+            return texts;
+        BSTR help = nullptr;
+        type->GetDocumentation(function->memid, nullptr, &help, nullptr, nullptr);
+        texts.push_back(Take(help));
+        type->ReleaseFuncDesc(function);
+    }
+    return texts;
+}
+
+bool SaysNotOffered(const std::wstring& help) {
+    return help.starts_with(L"Not offered yet (E_NOTIMPL): ");
+}
+
+TEST_F(TypeLibraryInTheModule, TellsWhatEachOperationDoes) {
+    for (const IID& iid :
+         {IID_InuxStdParts, IID_InuxDataManager, IID_InuxHTMLDlgExtObj, DIID__InuxStdPartsEvents}) {
+        const ComPtr<ITypeInfo> type = TypeOf(iid);
+        const bool isDual = iid != DIID__InuxStdPartsEvents;
+        const std::vector<std::wstring> texts =
+            HelpTexts(isDual ? VirtualTable(type.Get()).Get() : type.Get());
+        EXPECT_FALSE(texts.empty());
+        for (const std::wstring& help : texts) {
+            ASSERT_GT(help.size(), 10u) << NameOf(type.Get(), MEMBERID_NIL);
+            EXPECT_EQ(L'.', help.back()) << Narrow(help.c_str(), help.size());
+            EXPECT_LT(help.size(), 256u)
+                << "more than some browsers show: " << Narrow(help.c_str(), help.size());
+        }
+    }
+}
+
+TEST_F(TypeLibraryInTheModule, TellsOfEachOperationThatIsNotOffered) {
+    const ComPtr<ITypeInfo> table = VirtualTable(TypeOf(IID_InuxStdParts).Get());
+    ASSERT_TRUE(table);
+    int notOffered = 0;
+    for (const std::wstring& help : HelpTexts(table.Get()))
+        notOffered += SaysNotOffered(help);
+    EXPECT_EQ(22, notOffered) << "as many as not_offered_test.js calls";
+    for (const std::wstring& help : HelpTexts(VirtualTable(TypeOf(IID_InuxHTMLDlgExtObj).Get()).Get()))
+        EXPECT_TRUE(SaysNotOffered(help)) << Narrow(help.c_str(), help.size());
+}
+
+TEST(TypeLibraryOfTheHost, LiesBesideTheModuleWithItsInterfaces) {
+    const std::wstring module = RegisteredModulePath();
+    const std::wstring path = module.substr(0, module.find_last_of(L'\\') + 1) + L"Inux3D.tlb";
+    ComPtr<ITypeLib> library;
+    ASSERT_EQ(S_OK, LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.Receive()));
+    EXPECT_EQ(3u, library->GetTypeInfoCount());
+    const std::pair<IID, std::vector<std::string>> interfaces[] = {
+        {IID_Inux3D,
+         {"1 AttachHost(IDispatch* Host)", "2 SetCommandFlag(long Flag)", "3 RunDieWizard(long Mode)",
+          "4 CreateDieBlock()", "5 GetApplication(out IDispatch** Application)", "6 RunSlideWizard()"}},
+        {IID_InuxEditedComponent, {"1 Close()", "2 GetValue(BSTR Name, out BSTR* Value)"}}};
+    for (const auto& [iid, operations] : interfaces) {
+        ComPtr<ITypeInfo> type;
+        ASSERT_EQ(S_OK, library->GetTypeInfoOfGuid(iid, type.Receive()));
+        const ComPtr<ITypeInfo> table = VirtualTable(type.Get());
+        ASSERT_TRUE(table);
+        const std::vector<std::wstring> help = HelpTexts(table.Get());
+        ASSERT_EQ(operations.size(), help.size());
+        for (UINT i = 0; i < operations.size(); ++i) {
+            EXPECT_EQ(operations[i], Describe(table.Get(), i, true));
+            EXPECT_GT(help[i].size(), 10u) << operations[i];
+        }
+    }
+    ComPtr<ITypeInfo> ready;
+    EXPECT_EQ(S_OK, library->GetTypeInfoOfGuid(IID_Inux3DReady, ready.Receive()));
 }
 
 TEST_F(TypeLibraryInTheModule, IsTheOneThatTheObjectsDescribeThemselvesWith) {

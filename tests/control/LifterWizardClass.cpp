@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace nux {
 
 class LifterWizardClass::Factory : public IClassFactory {
@@ -13,11 +15,14 @@ public:
         EXPECT_EQ(nullptr, outer);
         EXPECT_EQ(IID_IDispatch, iid);
         ++made;
+        if (whileMaking)
+            whileMaking();
         return MakeObject<NamedProperties>(journal_, "lifter wizard")->QueryInterface(iid, object);
     }
     STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 
     int made = 0;
+    std::function<void()> whileMaking;
 
 protected:
     void* FindInterface(REFIID iid) noexcept {
@@ -37,6 +42,10 @@ LifterWizardClass::LifterWizardClass(Journal* journal, DWORD context)
 
 LifterWizardClass::~LifterWizardClass() {
     CoRevokeClassObject(registration_);
+}
+
+void LifterWizardClass::WhileMaking(std::function<void()> work) {
+    factory_->whileMaking = std::move(work);
 }
 
 int LifterWizardClass::Made() const noexcept {

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <functional>
+
 #include "framework/ComPtr.h"
 #include "tests/support/HostDoubles.h"
 
@@ -17,6 +19,8 @@ public:
     LifterWizardClass& operator=(const LifterWizardClass&) = delete;
     ~LifterWizardClass();
 
+    /// Lets this run while a wizard is made.
+    void WhileMaking(std::function<void()> work);
     /// How many wizards were made.
     int Made() const noexcept;
 

@@ -65,8 +65,12 @@ Entries AllEntries() {
         UniqueKey key;
         if (RegOpenKeyExW(HKEY_CLASSES_ROOT, name.c_str(), 0, KEY_READ, key.Receive()) != ERROR_SUCCESS)
             continue;
-        for (const std::wstring& subkey : Subkeys(key.Get()))
-            entries[name + L"\\" + subkey];
+        for (const std::wstring& subkey : Subkeys(key.Get())) {
+            std::wstring path = name + L"\\" + subkey;
+            if (_wcsicmp(name.c_str(), L"TypeLib") == 0)  // spelled in small or capital letters
+                CharUpperW(path.data());
+            entries[path];
+        }
     }
     const std::wstring own = std::wstring(L"CLSID\\") + classId;
     if (entries.contains(own))
@@ -120,6 +124,12 @@ Entries ExpectedEntries(const std::wstring& module) {
         {key + L"\\Implemented Categories", L""},
         {key + L"\\Implemented Categories\\{7DD95801-9882-11CF-9FA9-00AA006C42C4}", L""},
         {key + L"\\Implemented Categories\\{7DD95802-9882-11CF-9FA9-00AA006C42C4}", L""},
+        // By the platform, of the type library.
+        {L"TYPELIB\\{B4E491E9-013B-46AC-8423-5AA1DCA6ABC7}", L""},
+        {L"Interface\\{E7E3587B-C452-45F4-932A-CB3FBECF2784}", L""},
+        {L"Interface\\{3C439629-1C5E-47C9-AF80-8DAB272A53AF}", L""},
+        {L"Interface\\{B7581F4C-FAD1-49B3-8253-AA84A4E04904}", L""},
+        {L"Interface\\{19EE4048-7678-449F-96DA-6A626F49E5D7}", L""},
     };
 }
 
@@ -142,6 +152,32 @@ TEST_F(Registration, WritesExactlyItsEntriesAndLeavesNothing) {
     ASSERT_EQ(S_OK, module.Unregister());
     EXPECT_EQ(Entries{}, Difference(AllEntries(), before));
     EXPECT_EQ(Entries{}, Difference(before, AllEntries())) << "no neighbour is taken along";
+}
+
+/// Whether an object of the component can be handed to another apartment.
+HRESULT Marshal(const ComPtr<InuxStdParts>& parts) {
+    ComPtr<IStream> stream;
+    const HRESULT result =
+        CoMarshalInterThreadInterfaceInStream(IID_InuxStdParts, parts.Get(), stream.Receive());
+    if (stream)
+        CoReleaseMarshalData(stream.Get());  // nobody takes it out
+    return result;
+}
+
+TEST_F(Registration, EntersTheTypeLibraryForToolsAndForMarshalling) {
+    ComPtr<ITypeLib> library;
+    EXPECT_EQ(S_OK, LoadRegTypeLib(LIBID_NUXSTDPARTSAXLib, 1, 0, 0, library.Receive()));
+    BSTR registered = nullptr;
+    EXPECT_EQ(S_OK, QueryPathOfRegTypeLib(LIBID_NUXSTDPARTSAXLib, 1, 0, 0, &registered));
+    EXPECT_EQ(path, Take(registered).c_str());
+    EXPECT_EQ(S_OK, Marshal(CreateParts()));
+    library.Reset();
+
+    const ComPtr<InuxStdParts> parts = CreateParts();
+    ASSERT_EQ(S_OK, module.Unregister());
+    EXPECT_TRUE(FAILED(LoadRegTypeLib(LIBID_NUXSTDPARTSAXLib, 1, 0, 0, library.Receive())));
+    EXPECT_TRUE(FAILED(Marshal(parts)));
+    EXPECT_EQ(S_OK, module.Unregister()) << "what is not there needs no taking away";
 }
 
 TEST_F(Registration, TwiceIsAsGoodAsOnce) {

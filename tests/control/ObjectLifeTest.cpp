@@ -4,11 +4,15 @@
 #include <utility>
 #include <vector>
 
+#include "driver/Controls.h"
+#include "driver/Input.h"
 #include "tests/control/LifterWizardClass.h"
+#include "tests/support/DomDoubles.h"
 #include "tests/support/HostDoubles.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/Installation.h"
 #include "tests/support/RawVariant.h"
+#include "tests/support/WithUser.h"
 
 namespace nux {
 namespace {
@@ -130,25 +134,23 @@ TEST_F(ObjectLife, TheEndOfOneLeavesTheOtherWorking) {
     EXPECT_EQ(S_OK, parts->GetComponentsDocument(Bstr(L"BOLTS").Get(), document.Receive()));
 }
 
-TEST_F(ObjectLife, AHostIsAskedForFoldersOnlyWhileAnObjectThatWasGivenItLives) {
+TEST_F(ObjectLife, AHostIsAskedForFoldersOnlyWhileTheObjectThatSetThePathsLastLives) {
     folder.MakeFolder("locale\\English");
     const auto application = MakeObject<HostApplication>();
     side->application = ComPtr<IDispatch>(application.Get());
-    for (const char* id : {"SHARED", "DEAD"}) {
+    for (const char* id : {"LIVING", "DEAD"}) {
         WriteMessage(std::string("catalogs\\locale\\English\\") + id + "_Msgs.xml", "Where", "in the root");
         WriteMessage(std::string("host\\locale\\English\\") + id + "_Msgs.xml", "Where", "with the host");
         application->folders[Widen(id)] = Widen(folder.Path() + "host\\");
     }
-    ComPtr<InuxStdParts> first = CreateParts();
+    const ComPtr<InuxStdParts> first = CreateParts();
     GiveAll(first);
-    {
-        const ComPtr<InuxStdParts> second = CreateParts();
-        GiveAll(second);
-    }
-    EXPECT_EQ(L"with the host", Localized(L"SHARED", L"Where")) << "the first has it still";
-    first.Reset();
+    ComPtr<InuxStdParts> second = CreateParts();
+    GiveAll(second);
+    EXPECT_EQ(L"with the host", Localized(L"LIVING", L"Where"));
+    second.Reset();
     side->calls.clear();
-    EXPECT_EQ(L"in the root", Localized(L"DEAD", L"Where"));
+    EXPECT_EQ(L"in the root", Localized(L"DEAD", L"Where")) << "though the first holds the same host";
     EXPECT_TRUE(side->calls.empty());
 }
 
@@ -268,6 +270,80 @@ TEST_F(ObjectLife, ItIsMadeByEitherProgId) {
     EXPECT_EQ(S_OK, ProgIDFromCLSID(CLSID_nuxStdParts, &progId));
     EXPECT_STREQ(L"Tarnvale.nuxStdParts.1", progId);
     CoTaskMemFree(progId);
+}
+
+/// A list of nodes, empty, which does something when it is first read.
+class ActingList : public NodeListDouble {
+public:
+    explicit ActingList(std::function<void()> act) : NodeListDouble({}), act_(std::move(act)) {}
+
+    STDMETHODIMP nextNode(IXMLDOMNode** node) override {
+        if (const auto act = std::exchange(act_, nullptr))
+            act();
+        return NodeListDouble::nextNode(node);
+    }
+
+private:
+    std::function<void()> act_;
+};
+
+TEST_F(ObjectLife, ItHoldsItselfWhileAUserChoosesDimensions) {
+    IDispatch* const held = static_cast<Inux3D*>(side.Get());
+    parts->put_nux3D(held);
+    const auto names = MakeObject<ActingList>([&] {
+        ReleaseParts();
+        EXPECT_EQ(2u, References(held)) << "what it holds is held until the call is over";
+    });
+    InuxStdParts* const last = parts.Get();
+    const VARIANT none{};
+    ComPtr<IDispatch> chosen;
+    WithUser(
+        [&] {
+            EXPECT_EQ(S_OK, last->ChooseDimensions(nullptr, nullptr, names.Get(), none, none, none,
+                                                   chosen.Receive()));
+        },
+        [](driver::User& user) {
+            const HWND dialog = user.Dialog("Choose dimensions");
+            driver::Click(driver::Item(dialog, IDCANCEL));
+        });
+    EXPECT_FALSE(parts) << "the list was read";
+    EXPECT_EQ(1u, References(held));
+}
+
+/// What a caller has in its out arguments.
+template <class Value>
+Value* Untouched() {
+    return reinterpret_cast<Value*>(0x5a5a);
+}
+
+TEST_F(ObjectLife, OperationsThatAreNotOfferedLeaveTheirOutArguments) {
+    BSTR text = Untouched<OLECHAR>();
+    IDispatch* object = Untouched<IDispatch>();
+    long number = 77;
+    VARIANT value{};
+    value.vt = VT_I4;
+    value.lVal = 78;
+    const VARIANT none{};
+    EXPECT_EQ(E_NOTIMPL, parts->get_CatalogID(&text));
+    EXPECT_EQ(E_NOTIMPL, parts->get_ComponentID(&text));
+    EXPECT_EQ(E_NOTIMPL, parts->GetSaveFileName(nullptr, nullptr, nullptr, nullptr, &text));
+    EXPECT_EQ(E_NOTIMPL, parts->TRNVExportDlg(0, &text));
+    EXPECT_EQ(E_NOTIMPL, parts->get_WebBrowser(&object));
+    EXPECT_EQ(E_NOTIMPL, parts->ShowHTMLModelessDialog(nullptr, nullptr, 0, 0, 0, 0, none, &object));
+    EXPECT_EQ(E_NOTIMPL, parts->NewComponent(0, &number));
+    EXPECT_EQ(E_NOTIMPL, parts->MessageBox(nullptr, nullptr, 0, &number));
+    EXPECT_EQ(E_NOTIMPL, parts->MessageBoxHTML(nullptr, nullptr, 0, VARIANT_FALSE, 0, 0, &number));
+    EXPECT_EQ(E_NOTIMPL, parts->ShowHTMLModalDialog(nullptr, nullptr, 0, 0, 0, 0, none, &value));
+    EXPECT_EQ(Untouched<OLECHAR>(), text);
+    EXPECT_EQ(Untouched<IDispatch>(), object);
+    EXPECT_EQ(77, number);
+    EXPECT_EQ(VT_I4, value.vt);
+    EXPECT_EQ(78, value.lVal);
+    // Null pointers are no different.
+    EXPECT_EQ(E_NOTIMPL, parts->get_CatalogID(nullptr));
+    EXPECT_EQ(E_NOTIMPL, parts->get_WebBrowser(nullptr));
+    EXPECT_EQ(E_NOTIMPL, parts->NewComponent(0, nullptr));
+    EXPECT_EQ(E_NOTIMPL, parts->ShowHTMLModalDialog(nullptr, nullptr, 0, 0, 0, 0, none, nullptr));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "driver/ScriptEngine.h"
 #include "tests/control/Component.h"
 #include "tests/support/HostDoubles.h"
+#include "tests/support/PrivateMemory.h"
 #include "tests/support/RawVariant.h"
 
 namespace nux {
@@ -121,6 +122,40 @@ TEST_F(ScriptArray, ALengthThatNoArrayCanHaveFails) {
         EXPECT_EQ(E_FAIL, Convert(expression, array)) << expression;
         EXPECT_EQ(VT_EMPTY, array.vt);
     }
+}
+
+/// An array of a great length that ends after some elements.
+class EndingArray : public HostDispatch {
+public:
+    static constexpr DISPID length = 1;
+    static constexpr DISPID element = 2;
+    static constexpr long elements = 1000;
+
+    long long memory = 0;  ///< of the process when the missing element is asked for
+
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* id) override {
+        const std::wstring name = names[0];
+        *id = name == L"length" ? length : element;
+        if (name != std::to_wstring(elements))
+            return S_OK;
+        memory = PrivateMemory();
+        return DISP_E_UNKNOWNNAME;
+    }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
+                        UINT*) override {
+        result->vt = VT_I4;
+        result->lVal = id == length ? 89478485 : 5;
+        return S_OK;
+    }
+};
+
+TEST_F(ScriptArray, MemoryGrowsWithTheElementsThatAreFoundAndNotWithTheLength) {
+    const auto object = MakeObject<EndingArray>();
+    const long long before = PrivateMemory();
+    RawVariant array;
+    EXPECT_EQ(E_FAIL, parts->JSArray2SafeArray(object.Get(), &array));
+    ASSERT_NE(0, object->memory) << "the missing element was asked for";
+    EXPECT_LT(object->memory - before, 4 * 1024 * 1024);
 }
 
 TEST_F(ScriptArray, AnElementThatFailsFailsTheWhole) {

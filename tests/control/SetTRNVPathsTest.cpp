@@ -189,6 +189,29 @@ TEST_F(FolderOfACatalogue, IsNoLongerAskedOfAHostThatWasTakenAway) {
     EXPECT_EQ(L"in the root", Localized(L"GONE", L"Where")) << "and do not ask a host that may be gone";
 }
 
+TEST_F(FolderOfACatalogue, IsTheRootOnceTheObjectThatSetThePathsLastHasGone) {
+    parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    UseInstallation();
+    ComPtr<InuxStdParts> later = CreateParts();
+    EXPECT_EQ(S_OK, SetPaths(later, catalogs, data, gui, custom));
+    later.Reset();
+    app->folders[L"ORPHANED"] = Widen(folder.Path() + "host\\");
+    WriteMessage("catalogs\\locale\\English\\ORPHANED_Msgs.xml", "Where", "in the root");
+    WriteMessage("host\\locale\\English\\ORPHANED_Msgs.xml", "Where", "with the host");
+    EXPECT_EQ(L"in the root", Localized(L"ORPHANED", L"Where")) << "the paths are the later one's";
+    EXPECT_TRUE(app->asked.empty());
+}
+
+TEST_F(FolderOfACatalogue, StaysTheRootForAHostThatIsTakenAwayAndGivenAgain) {
+    parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    UseInstallation();
+    parts->put_nux3D(nullptr);
+    parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    WriteMessage("catalogs\\locale\\English\\AGAIN_Msgs.xml", "Where", "in the root");
+    EXPECT_EQ(L"in the root", Localized(L"AGAIN", L"Where")) << "only the paths make a host count";
+    EXPECT_TRUE(app->asked.empty());
+}
+
 TEST_F(FolderOfACatalogue, IsTheRootIfTheApplicationCannotBeHad) {
     parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
     side->applicationResult = E_ACCESSDENIED;

@@ -4,6 +4,7 @@
 #include "driver/Messages.h"
 #include "resources/resource.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/DebuggerLines.h"
 
 namespace nux {
 namespace {
@@ -324,6 +325,21 @@ TEST_F(Table, ShowsDoubleByteTextsAndCutsAValueThroughACharacter) {
         EXPECT_EQ(cell.substr(0, 126), Ansi(many).substr(0, 126));
         EXPECT_LE(cell.size(), 128u) << "127 bytes count; the list may complete the cut character";
     });
+}
+
+TEST_F(Table, SaysOnceToADebuggerThatARowHasEndedItsSource) {
+    const DebuggerLines lines(GetModuleHandleA(nullptr));
+    ASSERT_TRUE(lines);
+    DimensionsCall call = Call({{"A"}, {{"1"}}});
+    call.standard = "<r><s A='1'/><s/><s A='2'/></r>";
+    StoreFilter("A", 1, "1");
+    Look(call, [](DimensionChooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"1"}));
+        chooser.TurnOffAll();  // fills the table again
+        EXPECT_EQ(chooser.Rows(), (Texts{"1"}));
+    });
+    EXPECT_EQ(lines.With(L"a row of source 1 lacks a value"), 1u);
+    EXPECT_EQ(lines.With(L"a row of source 2"), 0u);
 }
 
 }  // namespace

@@ -189,8 +189,6 @@ TEST_F(ComponentNode, LiesInTheRootOfTheCataloguesWithoutAHost) {
     Installation().catalog = folder_.Path();
     SetHost3D(this, nullptr);
     EXPECT_EQ("of the root", NameOf("a"));
-    WithdrawHost3D(this);
-    EXPECT_EQ("of the catalogue", NameOf("a"));
 }
 
 TEST_F(ComponentNode, StaysUsableAfterTheCacheWasCleared) {

@@ -47,6 +47,19 @@ TEST_F(CatalogFolder, IsWhatTheHostTells) {
     EXPECT_EQ("C:\\elsewhere\\\\", GetCatalogFolder(""));
 }
 
+TEST_F(CatalogFolder, IsTheRootForAnEmptyAnswerToTheEmptyId) {
+    std::vector<std::string> asked;
+    const InstalledHost host([&](const std::string& id) {
+        asked.push_back(id);
+        return std::string();
+    });
+    EXPECT_EQ(root, GetCatalogFolder(""));
+    EXPECT_EQ("", GetCatalogFolder("Pins"));
+    EXPECT_EQ((std::vector<std::string>{"", "Pins"}), asked) << "the host is asked for both";
+    const InstalledHost null(Giving(nullptr, S_OK));
+    EXPECT_EQ(root, GetCatalogFolder(""));
+}
+
 TEST_F(CatalogFolder, IsTakenFromTheHostAsItStands) {
     EXPECT_EQ("C:\\no separator", [] {
         const InstalledHost host(Giving(L"C:\\no separator", S_OK));
@@ -127,19 +140,29 @@ TEST_F(CatalogFolder, ComesFromTheHostThatWasSetLast) {
     const InstalledHost first([](const std::string&) { return std::string("first\\"); });
     {
         const InstalledHost second([](const std::string&) { return std::string("second\\"); });
-        EXPECT_EQ("second\\", GetCatalogFolder(""));
+        EXPECT_EQ("second\\", GetCatalogFolder("Pins"));
         WithdrawHost3D(&first);
-        EXPECT_EQ("second\\", GetCatalogFolder(""));
+        EXPECT_EQ("second\\", GetCatalogFolder("Pins")) << "withdrawn is what the owner itself has set";
     }
-    EXPECT_EQ(root, GetCatalogFolder(""));
+    EXPECT_EQ(root, GetCatalogFolder("Pins"));
 }
 
-TEST_F(CatalogFolder, ComesFromTheHostBeforeOnceTheLastIsWithdrawn) {
+TEST_F(CatalogFolder, IsTheRootOnceTheLastHostIsWithdrawn) {
+    const InstalledHost first([](const std::string&) { return std::string("first\\"); });
+    {
+        const InstalledHost second([](const std::string&) { return std::string("second\\"); });
+    }
+    EXPECT_EQ(root, GetCatalogFolder("Pins")) << "the earlier one's does not come back";
+    SetHost3D(&first, first.Get());
+    EXPECT_EQ("first\\", GetCatalogFolder("Pins"));
+}
+
+TEST_F(CatalogFolder, IsTheRootAfterAnOwnerWithoutAHost) {
     const InstalledHost first([](const std::string&) { return std::string("first\\"); });
     SetHost3D(this, nullptr);
-    EXPECT_EQ(root, GetCatalogFolder(""));
+    EXPECT_EQ(root, GetCatalogFolder("Pins"));
     WithdrawHost3D(this);
-    EXPECT_EQ("first\\", GetCatalogFolder(""));
+    EXPECT_EQ(root, GetCatalogFolder("Pins"));
 }
 
 TEST_F(CatalogFolder, ComesFromTheOneHostThatAnOwnerHasSetLast) {
@@ -147,11 +170,11 @@ TEST_F(CatalogFolder, ComesFromTheOneHostThatAnOwnerHasSetLast) {
     const InstalledHost second([](const std::string&) { return std::string("second\\"); });
     SetHost3D(this, first.Get());
     SetHost3D(this, second.Get());
-    EXPECT_EQ("second\\", GetCatalogFolder(""));
+    EXPECT_EQ("second\\", GetCatalogFolder("Pins"));
     SetHost3D(this, first.Get());
-    EXPECT_EQ("first\\", GetCatalogFolder(""));
+    EXPECT_EQ("first\\", GetCatalogFolder("Pins"));
     WithdrawHost3D(this);
-    EXPECT_EQ("second\\", GetCatalogFolder(""));
+    EXPECT_EQ(root, GetCatalogFolder("Pins"));
 }
 
 TEST_F(CatalogFolder, IsAskedOfAHostThatMayBeWithdrawnMeanwhile) {

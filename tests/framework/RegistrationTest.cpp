@@ -7,6 +7,7 @@
 #include "framework/Handles.h"
 #include "framework/Module.h"
 #include "tests/framework/resource.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/support/TempFolder.h"
 
 namespace nux {
@@ -72,6 +73,21 @@ TEST_F(RegistryScriptTest, WritesAModulePathWithAnApostrophe) {
     SetThisModule(own);
     EXPECT_EQ(PathOf(module), StringValue("Module"));
     FreeLibrary(module);
+}
+
+HRESULT STDAPICALLTYPE NoClass(REFCLSID, IUnknown*, DWORD, REFIID, void** object) {
+    *object = nullptr;
+    return REGDB_E_CLASSNOTREG;
+}
+
+TEST_F(RegistryScriptTest, NeedsNoRegisteredRegistrar) {
+    const ImportPatch patch(GetModuleHandleA(nullptr), "ole32.dll", "CoCreateInstance",
+                            reinterpret_cast<void*>(&NoClass));
+    ASSERT_TRUE(patch);
+    EXPECT_EQ(S_OK, ApplyRegistryScript(IDR_SAMPLE_REGISTRY, true));
+    EXPECT_EQ("entered", StringValue(nullptr));
+    EXPECT_EQ(S_OK, ApplyRegistryScript(IDR_SAMPLE_REGISTRY, false));
+    EXPECT_FALSE(KeyExists(scriptKey));
 }
 
 TEST_F(RegistryScriptTest, FailsForAResourceThatIsMissing) {

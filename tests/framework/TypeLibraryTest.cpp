@@ -44,7 +44,7 @@ class DispatchTest : public testing::Test {
 protected:
     ~DispatchTest() override { ReleaseTypeInfos(); }
 
-    ComPtr<ComObject<Sample>> sample_ = MakeObject<Sample>();
+    ComPtr<ISample> sample_ = MakeObject<Sample>();
 };
 
 TEST_F(DispatchTest, FindsTheNumbersOfNamesWhateverTheirCase) {

@@ -24,7 +24,7 @@ function isTrue(value, what) {
     equal(true, value, what);
 }
 
-/// The call raises an error with this code; `code` is read as 32 bits without a sign.
+/// The call raises an error with this code, and says why; `code` is read as 32 bits without a sign.
 function raises(code, what, call) {
     ++checks;
     try {
@@ -32,6 +32,8 @@ function raises(code, what, call) {
     } catch (error) {
         if (error.number >>> 0 !== code)
             fail(what + ": raised " + (error.number >>> 0).toString(16) + " instead of " + code.toString(16));
+        else if (!error.message)
+            fail(what + ": does not say why");
         return;
     }
     fail(what + ": raised nothing instead of " + code.toString(16));

@@ -5,9 +5,10 @@ Dim checks, failures
 checks = 0
 failures = 0
 
-' VBScript tells these failures by numbers of its own; any other keeps its code.
-Const NotImplemented = 445
-Const InvalidArgument = 5
+' The codes of failures. They arrive as they are because each failure says why: for one without words the
+' language has numbers of its own.
+Const NotImplemented = -2147467263
+Const InvalidArgument = -2147024809
 Const Unspecified = -2147467259
 
 Sub Fail(text)
@@ -25,13 +26,20 @@ Sub Equal(expected, value, what)
     End If
 End Sub
 
-' The operation before this has raised an error of this number. To be used below On Error Resume Next.
+' The operation before this has raised an error of this number, and has said why. To be used below On Error
+' Resume Next.
 Sub Raised(number, what)
-    Dim found
+    Dim found, source, description
     found = Err.Number
+    source = Err.Source
+    description = Err.Description
     Err.Clear
     checks = checks + 1
-    If found <> number Then Fail what & ": raised " & found & " instead of " & number
+    If found <> number Then
+        Fail what & ": raised " & found & " instead of " & number
+    ElseIf number <> 0 And (source <> "Tarnvale.nuxStdParts" Or description = "") Then
+        Fail what & ": does not say why"
+    End If
 End Sub
 
 ' The operation before this has raised nothing.
