@@ -128,3 +128,12 @@ foreach(locale en_US de_DE ja_JP)
             TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
     endforeach()
 endforeach()
+
+# Mutated files, registry values and script arguments for all that reads them: a short run here, a million with
+# tests/mutations/run. It brings the component's resources along, as the module does.
+file(GLOB mutation_sources RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS mutations/*.cpp)
+nux_windows_program(mutation_tests ${mutation_sources})
+target_link_libraries(mutation_tests PRIVATE module_resources)
+target_compile_definitions(mutation_tests PRIVATE NUX_SAMPLE="Z:${PROJECT_SOURCE_DIR}/sample/installation")
+add_test(NAME mutation_tests COMMAND mutation_tests --count=10000 --seed=1)
+set_tests_properties(mutation_tests PROPERTIES TIMEOUT 300 RUN_SERIAL TRUE)
