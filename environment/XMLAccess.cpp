@@ -11,8 +11,11 @@
 namespace nux {
 namespace {
 
-/// The platform's limit (INTERNET_MAX_URL_LENGTH). Nothing can be loaded from a longer URL, and not every DOM
-/// survives the attempt.
+/// The platform's limit (INTERNET_MAX_URL_LENGTH, less the terminator). Wine 8.0 turns a file's URL back into
+/// a path in a buffer of that size and doesn't look at its end: plain names of 2,128 characters still failed
+/// in good order, from 2,132 on the process was gone (LongUrlsTest). What counts there is the URL that the
+/// DOM has shortened, so that one of 100,000 characters loads if most of it leads nowhere ("\\.\\.\\"); such
+/// a URL is no loss, and as it stands is all that can be looked at here.
 constexpr UINT longestUrl = 2083;
 
 struct CachedDocument {
