@@ -57,6 +57,14 @@ TEST_F(LongUrls, OfPlainNamesAreSurvived) {
         EXPECT_FALSE(Loads(Plain(length))) << length;
 }
 
+TEST_F(LongUrls, OfHostsWhoseNamesGrowByEscapingAreSurvived) {
+    for (const char character : std::string(" \"<>^`{|}")) {
+        for (const std::size_t length : {300, 690, 800, 2'050})
+            EXPECT_FALSE(Loads("file://us" + std::string(length, character) + "\\a.xml"))
+                << character << length;
+    }
+}
+
 TEST_F(LongUrls, OfADimensionFileThatIsMadeAreSurvived) {
     for (const std::size_t length : {300, 2'100, 2'201, 100'001}) {
         ComPtr<IXMLDOMDocument> document;
