@@ -70,6 +70,12 @@ HRESULT FindMembers(REFGUID guid, LPOLESTR* names, UINT count, DISPID* ids) {
     return result;
 }
 
+bool IsReadableProperty(REFGUID guid, DISPID id) {
+    const ComPtr<ITypeInfo2> type = TypeInfoOf(guid).As<ITypeInfo2>();
+    UINT index = 0;
+    return type && SUCCEEDED(type->GetFuncIndexOfMemId(id, INVOKE_PROPERTYGET, &index));
+}
+
 void ReleaseTypeInfos() noexcept {
     KnownTypes().swap(Known());
 }

@@ -20,6 +20,10 @@ ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid);
 /// @return S_OK, or DISP_E_UNKNOWNNAME; throws as TypeInfoOf does
 HRESULT FindMembers(REFGUID guid, LPOLESTR* names, UINT count, DISPID* ids);
 
+/// Whether the type described by `guid` has a property of this number that can be read. Throws as TypeInfoOf
+/// does.
+bool IsReadableProperty(REFGUID guid, DISPID id);
+
 /// Drops the type descriptions that are kept. Called when the module may be unloaded.
 void ReleaseTypeInfos() noexcept;
 

@@ -16,7 +16,9 @@ class Variant {
 public:
     Variant() noexcept { VariantInit(&value_); }
     /// A text, widened from the code page. Throws std::bad_alloc.
-    explicit Variant(std::string_view text, UINT codePage = CP_THREAD_ACP) { SetText(Bstr(text, codePage)); }
+    explicit Variant(std::string_view text, UINT codePage = CP_THREAD_ACP) : Variant() {
+        SetText(Bstr(text, codePage));
+    }
     Variant(Variant&& other) noexcept : Variant() { Swap(other); }
     Variant& operator=(Variant&& other) noexcept {
         Swap(other);

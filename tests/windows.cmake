@@ -137,6 +137,15 @@ foreach(program dimensions_tests common_messages_tests)
     set_tests_properties(${program}_de_DE ${program}_ja_JP PROPERTIES LABELS once)
 endforeach()
 
+# Mutated files, registry values and script arguments for all that reads them: a short run here, a million with
+# tests/mutations/run. It brings the component's resources along, as the module does.
+file(GLOB mutation_sources RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS mutations/*.cpp)
+nux_windows_program(mutation_tests ${mutation_sources})
+target_link_libraries(mutation_tests PRIVATE module_resources)
+target_compile_definitions(mutation_tests PRIVATE NUX_SAMPLE="Z:${PROJECT_SOURCE_DIR}/sample/installation")
+add_test(NAME mutation_tests COMMAND mutation_tests --count=10000 --seed=1)
+set_tests_properties(mutation_tests PROPERTIES TIMEOUT 300)
+
 # The prefix that each test gets a copy of.
 get_property(tests DIRECTORY PROPERTY TESTS)
 list(REMOVE_ITEM tests module_imports_and_exports language_module_is_data)

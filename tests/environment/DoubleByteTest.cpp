@@ -85,6 +85,16 @@ TEST_F(DoubleByte, ComponentIsFoundByItsWholeId) {
     EXPECT_FALSE(FindComponentNode("", table));
 }
 
+TEST_F(DoubleByte, ComponentIdThatEndsInHalfACharacterFindsNothing) {
+    // Such IDs come from GetNodeText, which cuts. Widened together with what follows them, the half would
+    // take the end of the literal along, and Wine 8.0's DOM dies of a selection that is not well formed.
+    languages_.Folder().Write("Catalog.xml", "<Catalog><Part><ID>1/2</ID></Part></Catalog>");
+    Installation().catalog = languages_.Folder().Path();
+    for (const char* id : {"M8x20 \x95", "a b\x95", "1/2\x95", "\x95"})
+        EXPECT_FALSE(FindComponentNode("", id)) << id;
+    EXPECT_TRUE(FindComponentNode("", "1/2"));
+}
+
 TEST_F(DoubleByte, TranslationIsTakenWholeAndItsIdIsCut) {
     languages_.StartInUserLanguage();
     EXPECT_EQ("Japanese", InterfaceLanguage());

@@ -2,6 +2,7 @@
 // they need a process of their own:
 //     fresh_process log FILE KIND TEXT...    writes entries; KIND is "plain", "stamped", "fatal" or "none"
 //     fresh_process unstarted                tells what holds before the environment was started
+//     fresh_process separators               tells how many characters count as decimal separators then
 //     fresh_process started GUIPATH          starts the environment and tells what holds then
 
 #include <windows.h>
@@ -51,6 +52,13 @@ int main(int count, char** arguments) {
     SetThisModule(GetModuleHandleA(nullptr));
     if (command == "log" && count > 3)
         return WriteEntries(arguments[2], arguments[3], arguments + 4);
+    if (command == "separators") {
+        int separators = 0;
+        for (int character = -128; character < 128; ++character)
+            separators += IsDecimalSeparator(static_cast<char>(character));
+        std::printf("separators: %d\n", separators);
+        return 0;
+    }
     if (command == "started" && count > 2) {
         Installation().gui = arguments[2];
         std::printf("start:%d\n", InitEnvironment());

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
+#include <new>
 #include <utility>
 
 #include "framework/ComObject.h"
@@ -33,6 +35,27 @@ TEST(Variant, HoldsWhatItWasSetTo) {
     value.SetArray(SafeArrayCreateVector(VT_VARIANT, 0, 3));
     EXPECT_EQ(VT_ARRAY | VT_VARIANT, value.Type());
     EXPECT_EQ(3u, value.Get().parray->rgsabound[0].cElements);
+}
+
+TEST(Variant, OfATextClearsNothingThatHasStoodInItsPlace) {
+    ComPtr<IStream> stream;
+    ASSERT_EQ(S_OK, CreateStreamOnHGlobal(nullptr, TRUE, stream.Receive()));
+    const auto references = [&] {
+        stream->AddRef();
+        return stream->Release();
+    };
+    alignas(Variant) unsigned char place[sizeof(Variant)];
+    VARIANT left{};
+    left.vt = VT_UNKNOWN;
+    left.punkVal = stream.Get();
+    stream->AddRef();
+    std::memcpy(place, &left, sizeof left);
+    {
+        auto* const made = new (place) Variant("text");
+        EXPECT_EQ(2u, references());
+        made->~Variant();
+    }
+    stream->Release();
 }
 
 TEST(Variant, IsClearedBeforeItReceives) {
