@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "framework/Dialog.h"
+#include "framework/HResult.h"
+#include "framework/Module.h"
 #include "tests/framework/resource.h"
 
 namespace nux {
@@ -20,6 +22,7 @@ public:
 
     explicit Sample(Step step) : step_(std::move(step)) {}
 
+    using Dialog::Centre;
     using Dialog::End;
     using Dialog::Item;
     using Dialog::RethrowFailure;
@@ -151,6 +154,62 @@ TEST(Dialog, RaisesTheExceptionOfItsEndAgain) {
     dialog.throwAt = WM_DESTROY;
     EXPECT_THROW(dialog.RunModal(nullptr, IDD_SAMPLE), std::out_of_range);
     EXPECT_EQ(nullptr, dialog.Handle());
+}
+
+TEST(Dialog, KeepsTheModuleLoadedWhileItRuns) {
+    const long before = LiveObjects();
+    Sample dialog([&](Sample& self) {
+        EXPECT_EQ(before + 1, LiveObjects());
+        self.End(0);
+    });
+    dialog.RunModal(nullptr, IDD_SAMPLE);
+    EXPECT_EQ(before, LiveObjects());
+}
+
+TEST(Dialog, WithoutAModalRunReturnsAtOnceAndGoesWithItsEnd) {
+    Sample dialog([](Sample& self) { self.End(0); });
+    dialog.CreateModeless(nullptr, IDD_SAMPLE);
+    const HWND window = dialog.Handle();
+    ASSERT_TRUE(IsWindow(window));
+    MSG message;
+    while (IsWindow(window) && GetMessageA(&message, nullptr, 0, 0) > 0)
+        DispatchMessageA(&message);
+    EXPECT_EQ(nullptr, dialog.Handle());
+}
+
+TEST(Dialog, WithoutAModalRunRaisesTheExceptionOfItsStartAgain) {
+    Sample dialog([](Sample&) {});
+    dialog.throwAt = WM_INITDIALOG;
+    EXPECT_THROW(dialog.CreateModeless(nullptr, IDD_SAMPLE), std::out_of_range);
+    EXPECT_EQ(nullptr, dialog.Handle());
+    EXPECT_THROW(Sample([](Sample&) {}).CreateModeless(nullptr, IDR_SAMPLE_REGISTRY), HResultError);
+}
+
+TEST(Dialog, DestroysItsWindowWithTheObject) {
+    HWND window = nullptr;
+    {
+        Sample dialog([](Sample&) {});
+        dialog.CreateModeless(nullptr, IDD_SAMPLE);
+        window = dialog.Handle();
+    }
+    EXPECT_FALSE(IsWindow(window));
+}
+
+TEST(Dialog, IsCentredOnItsOwnerAndStaysOnTheScreen) {
+    const HWND owner = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 200, 300, 500, 400, nullptr,
+                                       nullptr, nullptr, nullptr);
+    Sample dialog([](Sample&) {});
+    dialog.CreateModeless(owner, IDD_SAMPLE);
+    dialog.Centre();
+    const RECT centred = WindowRectangle(dialog.Handle());
+    EXPECT_NEAR(200 + 250, (centred.left + centred.right) / 2, 1);
+    EXPECT_NEAR(300 + 200, (centred.top + centred.bottom) / 2, 1);
+    MoveWindow(owner, -400, -300, 500, 400, FALSE);
+    dialog.Centre();
+    const RECT kept = WindowRectangle(dialog.Handle());
+    EXPECT_EQ(0, kept.left);
+    EXPECT_EQ(0, kept.top);
+    DestroyWindow(owner);
 }
 
 TEST(Dialog, LetsADialogThatItOpenedEndFirst) {
