@@ -2,6 +2,8 @@
 
 #include "driver/Controls.h"
 #include "driver/Input.h"
+#include "driver/Messages.h"
+#include "driver/PointerInput.h"
 #include "driver/Waiting.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
 
@@ -125,15 +127,40 @@ TEST_F(TakingRow, ADoubleClickOnARowTakesIt) {
     EXPECT_EQ(result.Value("A"), "2");
 }
 
-TEST_F(TakingRow, ADoubleClickBesideTheRowsTakesTheSelectedOne) {
+TEST_F(TakingRow, ADoubleClickOfTheRealPointerTakesTheRowUnderIt) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        driver::MovePointer(driver::OnScreen(chooser.List().Handle(), chooser.List().CellMiddle(2, 1)));
+        driver::DoubleClickPointer();
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_EQ(result.Value("A"), "3");
+}
+
+TEST_F(TakingRow, ADoubleClickBesideTheRowsTakesNoneSinceItsFirstClickLeavesNoneSelected) {
     const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
         chooser.List().ClickRow(2);
         chooser.User().Settle();
-        driver::PostMouse(chooser.List().Handle(), WM_LBUTTONDBLCLK, BesideTheRows(chooser), MK_LBUTTON);
+        driver::MovePointer(driver::OnScreen(chooser.List().Handle(), BesideTheRows(chooser)));
+        driver::DoubleClickPointer();
         driver::WaitUntilGone(chooser.Window());
     });
     EXPECT_EQ(result.answer, S_OK);
-    EXPECT_EQ(result.Value("A"), "3");
+    EXPECT_TRUE(result.written);
+    EXPECT_FALSE(result.row);
+}
+
+TEST_F(TakingRow, ARowWhoseDataSomebodyElseHasSetIsNone) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        LVITEMA foreign{};
+        foreign.mask = LVIF_PARAM;
+        foreign.iItem = 0;
+        foreign.lParam = 0x1234;
+        ASSERT_TRUE(driver::AskWith(chooser.List().Handle(), LVM_SETITEMA, 0, foreign));
+        chooser.Ok();
+    });
+    EXPECT_EQ(result.answer, S_OK);
+    EXPECT_TRUE(result.written);
+    EXPECT_FALSE(result.row);
 }
 
 TEST_F(TakingRow, WithoutASelectionOkGivesNoRow) {

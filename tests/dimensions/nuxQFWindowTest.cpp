@@ -1,7 +1,8 @@
 // The quick filter, with the real pointer: press the right button on a cell, drag to a value, let go.
 
-#include <set>
 #include "dimensions/nuxQFWindow.h"
+
+#include <set>
 
 #include "driver/Canvas.h"
 #include "driver/Input.h"
@@ -10,6 +11,8 @@
 #include "driver/PointerInput.h"
 #include "driver/Waiting.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/dimensions/MessageRecorder.h"
+#include "tests/support/TestedThreadWindow.h"
 
 namespace nux {
 namespace {
@@ -377,6 +380,129 @@ TEST_F(QuickFilter, DoesNotOpenOnTheMarkerColumnNorBesideTheRows) {
         gesture.Release();
         EXPECT_EQ(chooser.List().RowCount(), 2);
     });
+}
+
+TEST_F(QuickFilter, OpensUnderThePointerAlsoWhereItPassesTheEdgeOfTheScreen) {
+    Look(call, [](DimensionChooser& chooser) {
+        RECT window{};
+        GetWindowRect(chooser.Window(), &window);
+        const POINT cell = driver::OnScreen(chooser.List().Handle(), chooser.List().CellMiddle(0, 2));
+        // The cell comes to stand a little before the lower right corner.
+        const int right = GetSystemMetrics(SM_CXSCREEN) - 4, bottom = GetSystemMetrics(SM_CYSCREEN) - 4;
+        SetWindowPos(chooser.Window(), nullptr, window.left + right - cell.x, window.top + bottom - cell.y, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER);
+        chooser.User().Settle();
+        QuickFilterGesture gesture(chooser, 0, 2);
+        const RECT list = gesture.ListBounds();
+        EXPECT_EQ(right - list.left, (list.right - list.left) / 4);
+        EXPECT_EQ(bottom - list.top, gesture.RowHeight() / 2);
+        EXPECT_GT(list.right, GetSystemMetrics(SM_CXSCREEN));
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|flat"}));
+    });
+}
+
+TEST_F(QuickFilter, IsForTheColumnUnderThePointerWhereverItStands) {
+    StoreNumber("A", "Order", 2);
+    StoreNumber("B", "Order", 1);
+    Look(call, [](DimensionChooser& chooser) {
+        ASSERT_EQ(chooser.List().Order(), (std::vector<int>{0, 2, 1}));
+        QuickFilterGesture(chooser, 0, 2).Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|flat"}));
+        QuickFilterGesture(chooser, 0, 1).Release();
+        EXPECT_EQ(chooser.List().HeaderImage(1), 0);
+    });
+    EXPECT_EQ(StoredText("B", "FilterString"), "flat");
+}
+
+TEST_F(QuickFilter, SetsTheFirstValueOfAButtonThatIsLetGoAtOnce) {
+    Look(call, [](DimensionChooser& chooser) {
+        driver::MovePointer(driver::OnScreen(chooser.List().Handle(), chooser.List().CellMiddle(0, 1)));
+        driver::PressPointer(driver::PointerButton::Right);
+        driver::ReleasePointer(driver::PointerButton::Right);
+        driver::WaitFor("the filter", [&] { return chooser.CanTurnOffAll() != FALSE; });
+        chooser.User().Settle();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|square", "1|round"}));
+        EXPECT_EQ(chooser.User().Windows(), (std::vector<HWND>{chooser.Window()}));
+    });
+}
+
+TEST_F(QuickFilter, KeepsAltAndF10FromTheWindowsAndNoOtherKey) {
+    Look(call, [](DimensionChooser& chooser) {
+        MessageRecorder recorder(chooser.List().Handle(), [](UINT message, WPARAM key, LPARAM) -> std::string {
+            switch (message) {
+                case WM_KEYDOWN:
+                case WM_KEYUP:
+                case WM_SYSKEYDOWN:
+                case WM_SYSKEYUP:
+                    return std::to_string(message - WM_KEYFIRST) + " " + std::to_string(key);
+                default:
+                    return {};
+            }
+        });
+        QuickFilterGesture gesture(chooser, 0, 1);
+        for (const WPARAM key : {VK_MENU, VK_F10, VK_SHIFT, VK_DOWN}) {
+            for (const UINT message : {WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN, WM_SYSKEYUP})
+                driver::Post(chooser.List().Handle(), message, key);
+        }
+        chooser.User().Settle();
+        EXPECT_EQ(recorder.Take(),
+                  (Texts{"0 16", "1 16", "4 16", "5 16", "0 40", "1 40", "4 40", "5 40"}));
+        gesture.MoveTo({gesture.PagerBounds().right + 30, gesture.PagerBounds().top});
+        gesture.Release();
+    });
+}
+
+TEST_F(QuickFilter, EndsWithoutAFilterWhenTheMouseIsTakenAway) {
+    const TestedThreadWindow host;
+    const std::function<void()> take = [&] { SetCapture(host.Handle()); };
+    Look(call, [&](DimensionChooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        host.Do(take);
+        driver::WaitUntilGone(gesture.Window());
+        GUITHREADINFO state{};
+        state.cbSize = sizeof state;
+        GetGUIThreadInfo(GetWindowThreadProcessId(chooser.Window(), nullptr), &state);
+        EXPECT_EQ(state.hwndCapture, host.Handle()) << "the mouse stays with whoever took it";
+        gesture.Release();
+        EXPECT_EQ(chooser.List().RowCount(), 5);
+        const std::function<void()> release = [] { ReleaseCapture(); };
+        host.Do(release);
+        chooser.User().Settle();
+    });
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+}
+
+TEST_F(QuickFilter, EndsWhenTheHostQuitsAndHandsThatOn) {
+    const DWORD thread = GetCurrentThreadId();
+    const DimensionsResult result = Choose(call, [thread](DimensionChooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        PostThreadMessageA(thread, WM_QUIT, 42, 0);
+        driver::WaitUntilGone(gesture.Window());
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_FALSE(result.written && result.row);
+    MSG message{};
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) << "for the loop of the host";
+    EXPECT_EQ(message.wParam, 42u);
+    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+}
+
+TEST_F(QuickFilter, OfATextColumnOffersTranslationsOfNumbersToo) {
+    Translate("NUMBERS", {{"12", "zwoelf"}});
+    DimensionsCall mixed = Call({{"A"}, {{"12"}, {"round"}}});
+    mixed.catalog = "NUMBERS";
+    Look(mixed, [](DimensionChooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"12", "round"})) << "the cell of a number is not translated";
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.Value(1));
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), Texts{});
+    });
+    DWORD size = 32;
+    char text[32] = "";
+    RegGetValueA(HKEY_LOCAL_MACHINE, Key("A", "NUMBERS").c_str(), "FilterString", RRF_RT_REG_SZ, nullptr, text, &size);
+    EXPECT_STREQ(text, "zwoelf");
 }
 
 TEST_F(QuickFilter, LeavesNoCaptureBehind) {
