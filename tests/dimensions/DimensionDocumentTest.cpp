@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "environment/XMLAccess.h"
+#include "framework/Handles.h"
 #include "framework/Text.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/support/TempFolder.h"
@@ -100,6 +101,26 @@ TEST_F(DimensionDocument, IsNoneIfItCanNotBeWritten) {
     EXPECT_FALSE(document);
 }
 
+TEST_F(DimensionDocument, ThatCanNotBeSavedIsTheOneThatStandsThere) {
+    temp.Write("folder\\A.xml", "<Old/>");
+    const UniqueFile reader(CreateFileA((temp.Path() + "folder\\A.xml").c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                        nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(reader);  // who shares it with readers only
+    ASSERT_TRUE(CreateDimensionDocument(temp.Path() + "folder", "A.xml", document.Receive()));
+    EXPECT_EQ(RootName(document), "Old");
+}
+
+TEST_F(DimensionDocument, OfAGluedNameIsTheOneThatIsKept) {
+    temp.Write("folder\\A.xml", "<First/>");
+    temp.Write("folderA.xml", "anything");
+    ASSERT_TRUE(CreateDimensionDocument(temp.Path() + "folder", "A.xml", document.Receive()));
+    temp.Write("folder\\A.xml", "<Second/>");
+    ComPtr<IXMLDOMDocument> again;
+    ASSERT_TRUE(CreateDimensionDocument(temp.Path() + "folder", "A.xml", again.Receive()));
+    EXPECT_EQ(again.Get(), document.Get());
+    EXPECT_EQ(RootName(again), "First");
+}
+
 TEST_F(DimensionDocument, CountsItsReferences) {
     ASSERT_TRUE(CreateDimensionDocument(temp.Path(), "A.xml", document.Receive()));
     ClearXMLDocumentCache();
@@ -107,7 +128,46 @@ TEST_F(DimensionDocument, CountsItsReferences) {
     EXPECT_EQ(last->Release(), 0u) << "one for the caller, and one that the cache had";
 }
 
-class UsersFile : public DimensionChooserTest {};
+class UsersFile : public DimensionChooserTest {
+protected:
+    /// The document of a node.
+    static ComPtr<IUnknown> DocumentOf(const ComPtr<IDispatch>& node) {
+        ComPtr<IXMLDOMDocument> document;
+        if (const auto element = node.As<IXMLDOMNode>())
+            element->get_ownerDocument(document.Receive());
+        return document.As<IUnknown>();
+    }
+};
+
+TEST_F(UsersFile, IsLeftWithItsDocumentWhereThereIsNoPlaceForTheResult) {
+    Folder().Write("custom\\catalogs\\BOLTS\\UsrDimensions\\M8.xml", "<Dimensions/>");
+    const Bstr catalog(L"BOLTS"), component(L"M8");
+    ComPtr<IDispatch> node;
+    ASSERT_EQ(Object().GetUsrDimensionNode(catalog.Get(), component.Get(), node.Receive()), S_OK);
+    EXPECT_EQ(Object().GetUsrDimensionNode(catalog.Get(), component.Get(), nullptr), E_INVALIDARG);
+    ComPtr<IXMLDOMDocument> kept;
+    ASSERT_TRUE(LoadXMLDocument(
+        "file://" + Folder().Path() + "custom\\catalogs\\BOLTS\\UsrDimensions\\M8.xml", kept.Receive()));
+    EXPECT_EQ(kept.As<IUnknown>().Get(), DocumentOf(node).Get());
+}
+
+class StandardFile : public UsersFile {};
+
+TEST_F(StandardFile, IsADocumentForEachSpellingOfItsIdentifiers) {
+    Folder().Write("catalogs\\Bolts\\StdDimensions\\M8.xml", "<Dimensions/>");
+    const auto documentOf = [&](const wchar_t* catalog, const wchar_t* component) {
+        ComPtr<IDispatch> node;
+        EXPECT_EQ(Object().GetStdDimensionNode(Bstr(catalog).Get(), Bstr(component).Get(), node.Receive()), S_OK)
+            << catalog;
+        return DocumentOf(node);
+    };
+    const auto document = documentOf(L"Bolts", L"M8");
+    EXPECT_EQ(documentOf(L"Bolts", L"M8").Get(), document.Get());
+    EXPECT_NE(documentOf(L"BOLTS", L"M8").Get(), document.Get());
+    EXPECT_NE(documentOf(L"Bolts", L"m8").Get(), document.Get());
+    // Nothing looks at what an identifier holds.
+    EXPECT_NE(documentOf(L"Other\\..\\Bolts", L"M8").Get(), document.Get());
+}
 
 TEST_F(UsersFile, ThatIsMissingIsAFailureAndLeavesNothingBehind) {
     const Bstr catalog(L"BOLTS"), component(L"M8");

@@ -69,6 +69,23 @@ TEST_F(StoredFilter, LiesUnderTheTranslatedCaption) {
     EXPECT_FALSE(KeyExists(Key("A", "CAPTIONS")));
 }
 
+TEST_F(StoredFilter, OfATextThatIsCutThroughACharacterFindsItsRowAgain) {
+    if (!DoubleByteCodePage())
+        GTEST_SKIP() << "needs a code page of double-byte characters";
+    std::string many;
+    for (int i = 0; i < 70; ++i)
+        many += "\xE8\xA1\xA8";
+    const DimensionsCall call = Call({{"A"}, {{many}, {"x"}}});
+    Look(call, [](DimensionChooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.Value(1));
+        gesture.Release();
+        EXPECT_EQ(chooser.List().RowCount(), 1) << "as it is set";
+        EXPECT_NE(chooser.Rows(), (Texts{"x"}));
+    });
+    EXPECT_EQ(RowsOf(call).size(), 1u) << "as it is stored and read";
+}
+
 TEST_F(StoredFilter, IsSharedByColumnsWithOneCaption) {
     DimensionsCall call = Call({{"A", "B"}, {{"1", "1"}, {"1", "2"}, {"2", "1"}}});
     call.names = "<n><A>Same</A><B>Same</B></n>";

@@ -4,6 +4,7 @@
 #include "driver/Messages.h"
 #include "resources/resource.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -163,6 +164,46 @@ TEST_F(Table, AMissingAttributeEndsItsSourceThereAndOnlyThat) {
     call.standard = "<r><s A='1' B='2'/><s A='3'/><s A='5' B='6'/></r>";
     call.users = "<r><s A='7' B='8'/><s B='9'/><s A='1' B='1'/></r>";
     EXPECT_EQ(RowsOf(call), (Texts{"1|2", "7|8"}));
+}
+
+TEST_F(Table, ARowIsReadFromLeftToRightUntilACellIsRefused) {
+    DimensionsCall call;
+    call.names = "<n><A/><B/></n>";
+    call.standard = "<r><s A='1' B='1'/><s A='2'/><s A='1' B='3'/></r>";
+    StoreFilter("A", 1, "1");
+    EXPECT_EQ(RowsOf(call), (Texts{"1|1", "1|3"})) << "the attribute that the second row lacks is not looked for";
+}
+
+TEST_F(Table, ARowThatIsNoElementEndsItsSource) {
+    const auto names = SelectNodes(RootOf(ParseXml("<n><A/></n>")), L"*");
+    for (const char* other : {"<!--comment-->", "text", "<?instruction A='2'?>"}) {
+        const std::string xml = std::string("<r><s A='1'/>") + other + "<s A='3'/></r>";
+        const auto rows = SelectNodes(RootOf(ParseXml(xml)), L"node()");
+        ChooseFrom(names.Get(), rows.As<IDispatch>(), [&](DimensionChooser& chooser) {
+            EXPECT_EQ(chooser.Rows(), (Texts{"1"})) << xml;
+            chooser.Cancel();
+        });
+    }
+}
+
+TEST_F(Table, FindsNamesBeyondTheCodePage) {
+    if (DoubleByteCodePage())
+        GTEST_SKIP() << "this name lies within code page 932";
+    const char name[] = "\xE9\x95\xB7";
+    DimensionsCall call = Call({{name}, {{"1"}, {"2"}}});
+    Look(call, [](DimensionChooser& chooser) {
+        EXPECT_EQ(chooser.List().Caption(1), "?");
+        EXPECT_EQ(chooser.Rows(), (Texts{"1", "2"}));
+        QuickFilterGesture(chooser, 0, 1).Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1"}));
+    });
+}
+
+TEST_F(Table, ShowsValuesInTheThreadsCodePage) {
+    if (DoubleByteCodePage())
+        GTEST_SKIP() << "the list shows Cyrillic letters as others there";
+    const ThreadLocale locale(russian);
+    EXPECT_EQ(RowsOf(Call({{"A"}, {{"\xD0\x96"}}})), (Texts{"\xC6"}));
 }
 
 TEST_F(Table, ARefusedRowDoesNotChangeTheKindOfLaterColumns) {

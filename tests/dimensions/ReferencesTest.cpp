@@ -3,6 +3,8 @@
 #include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/support/DomDoubles.h"
 #include "tests/support/HostDoubles.h"
+#include "tests/support/RawVariant.h"
+#include "tests/support/WithUser.h"
 
 namespace nux {
 namespace {
@@ -62,6 +64,35 @@ TEST_F(GivenReferences, AreGivenBackAfterRefillsAndSorts) {
     });
 }
 
+TEST_F(GivenReferences, AreGivenBackOnTheDefaultsAndTheUsersRowsToo) {
+    const auto name = RootOf(ParseXml("<A/>"));
+    const auto names = MakeObject<NodeListDouble>(std::vector<IXMLDOMNode*>{name.Get()});
+    const auto row = RootOf(ParseXml("<s A='1'/>"));
+    const auto rows = MakeObject<NodeListDouble>(std::vector<IXMLDOMNode*>{row.Get()});
+    const auto defaults = RootOf(ParseXml("<d><A>1</A></d>"));
+    RawVariant none, defaultValues, users;
+    defaultValues.vt = users.vt = VT_DISPATCH;
+    defaults.As<IDispatch>().CopyTo(&defaultValues.pdispVal);
+    ComPtr<IDispatch>(rows.Get()).CopyTo(&users.pdispVal);
+    const unsigned defaultsBefore = References(defaults.Get()), rowsBefore = References(rows.Get());
+    WithUser(
+        [&] {
+            ComPtr<IDispatch> chosen;
+            EXPECT_EQ(Object().ChooseDimensions(nullptr, nullptr, names.Get(), defaultValues, none, users,
+                                                chosen.Receive()),
+                      S_OK);
+        },
+        [&](driver::User& user) {
+            const DimensionChooser chooser(user);
+            EXPECT_GT(References(defaults.Get()), defaultsBefore) << "the chooser holds what it may read again";
+            EXPECT_GT(References(rows.Get()), rowsBefore);
+            chooser.Take(0);
+        });
+    EXPECT_EQ(References(defaults.Get()), defaultsBefore);
+    EXPECT_EQ(References(rows.Get()), rowsBefore);
+    EXPECT_EQ(References(row.Get()), 1u);
+}
+
 class Names : public DimensionChooserTest {
 protected:
     /// The captions that a list of names gives whose second node is this one.
@@ -85,6 +116,14 @@ TEST_F(Names, EndAtANodeWhoseNameIsEmptyOrCanNotBeRead) {
     EXPECT_EQ(CaptionsWith(MakeObject<NameDouble>(L"").Get()), (Texts{"A"}));
     EXPECT_EQ(CaptionsWith(MakeObject<NameDouble>(std::nullopt).Get()), (Texts{"A"}));
     EXPECT_EQ(CaptionsWith(nullptr), (Texts{"A"}));
+}
+
+TEST_F(Names, WithATextWhoseValueIsNoStringHaveAnEmptyCaption) {
+    const auto number = MakeObject<NameDouble>(L"#text");
+    number->value.SetNumber(5);
+    const auto name = MakeObject<NameDouble>(L"B");
+    name->text = number.Get();
+    EXPECT_EQ(CaptionsWith(name.Get()), (Texts{"A", "", "C"}));
 }
 
 }  // namespace
