@@ -16,8 +16,8 @@ bool TakeObject(const VARIANT& value, ComPtr<Interface>& object) noexcept {
     return !given || object;
 }
 
-/// The name of a registry key, which can't be empty. An ID ends at its first NUL: a key's path would end there,
-/// and the component with it that the settings are for.
+/// The name of a registry key, which can't be empty. An ID ends at its first NUL: a key's path would end
+/// there, and the component with it that the settings are for.
 std::string NameOrDefault(BSTR id) {
     std::string name = Narrow(id);
     name.resize(std::min(name.size(), name.find('\0')));

@@ -10,8 +10,8 @@
 namespace nux {
 
 /// A popup menu with a picture of 16 by 16 pixels beside some of its items. The system draws it, so that it
-/// looks and reads like any other menu. Pictures bring their transparency along: on Windows, a menu that calls
-/// back for one of its pictures loses its visual style.
+/// looks and reads like any other menu. Pictures bring their transparency along: on Windows, a menu that
+/// calls back for one of its pictures loses its visual style.
 class CMenuExImpl {
 public:
     /// Throws HResultError if the platform refuses.

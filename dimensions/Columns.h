@@ -7,8 +7,8 @@
 
 namespace nux {
 
-// A column is one of the list, by its index from 0, wherever it stands. Column 0 is that of the markers; behind
-// it comes one for each dimension, which counts from 0 as well.
+// A column is one of the list, by its index from 0, wherever it stands. Column 0 is that of the markers;
+// behind it comes one for each dimension, which counts from 0 as well.
 
 constexpr int ColumnOf(int dimension) {
     return dimension + 1;

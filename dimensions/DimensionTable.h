@@ -30,8 +30,8 @@ struct Dimension {
 };
 
 /// What the list of the dimension chooser shows: one column for each dimension, behind a narrow column of
-/// markers without a text, and one row for each size that all filters accept. Rows of the standard source come
-/// before those of the user's. A row is known by its node, which is the item's data.
+/// markers without a text, and one row for each size that all filters accept. Rows of the standard source
+/// come before those of the user's. A row is known by its node, which is the item's data.
 class DimensionTable {
 public:
     /// @param catalogId  catalogue whose messages translate captions and texts
@@ -41,15 +41,17 @@ public:
     DimensionTable(std::string catalogId, IXMLDOMNodeList* names, IXMLDOMNodeList* stdRows,
                    IXMLDOMNodeList* usrRows);
 
-    /// Makes the columns in an empty list view and gives it and its header their images. The list must live as
-    /// long as the table is used. Throws std::bad_alloc, as all below.
+    /// Makes the columns in an empty list view and gives it and its header their images. The list must live
+    /// as long as the table is used. Throws std::bad_alloc, as all below.
     void InitColumns(const ListView& list);
 
     int ColumnCount() const noexcept { return ColumnOf(static_cast<int>(dimensions_.size())); }
     /// Whether the column is one of a dimension.
     bool IsDimension(int column) const noexcept { return column >= 1 && column < ColumnCount(); }
     const Dimension& At(int column) const noexcept { return dimensions_[DimensionOf(column)]; }
-    void SetFilter(int column, const nuxDimFilter& filter) { dimensions_[DimensionOf(column)].filter = filter; }
+    void SetFilter(int column, const nuxDimFilter& filter) {
+        dimensions_[DimensionOf(column)].filter = filter;
+    }
     bool AllFiltersInactive() const noexcept;
     /// Shows in a column's caption whether it has an active filter, and aligns the column by its kind.
     void ShowFormat(int column) const noexcept;

@@ -7,8 +7,8 @@
 namespace nux {
 namespace {
 
-/// The length of a side, cut to one that still leaves room for a frame and a place on the screen. So wide only
-/// a text of many millions of characters is, of which a screen shows the start.
+/// The length of a side, cut to one that still leaves room for a frame and a place on the screen. So wide
+/// only a text of many millions of characters is, of which a screen shows the start.
 int Side(std::size_t count, int pixels) {
     constexpr std::uint64_t longest = 1 << 30;
     return static_cast<int>(std::min(std::uint64_t{count} * pixels, longest));

@@ -78,8 +78,8 @@ std::optional<LRESULT> nuxChooseStdDims::OnNotify(const NMHDR& notification) {
             ShowColumnMenu(reinterpret_cast<const NMLISTVIEW&>(notification).iSubItem);
             return 0;
         case NM_DBLCLK:
-            // Wherever it fell: the selected row is taken. The first click of one that falls beside the rows has
-            // left none.
+            // Wherever it fell: the selected row is taken. The first click of one that falls beside the rows
+            // has left none.
             TakeSelectedRow();
             End(IDOK);
             return 0;

@@ -16,7 +16,8 @@ namespace nux {
 namespace {
 
 /// The sort keys of the rows, found by what the list hands to a comparison: the item's data, which is the
-/// row's node. Exchanging that data for the keys and back would take ten times as long as the sort.
+/// row's node. Exchanging that data for the keys and back would take ten times as long as the sort, and with
+/// a std::unordered_map the sort of 10,000 texts takes a third longer.
 template <class Key>
 class KeysByNode {
 public:

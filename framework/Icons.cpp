@@ -12,8 +12,8 @@ namespace nux {
 namespace {
 
 UniqueIcon LoadIconOfSize(UINT icon, int width, int height) noexcept {
-    return UniqueIcon(static_cast<HICON>(LoadImageA(ResourceModule(), MAKEINTRESOURCEA(icon), IMAGE_ICON,
-                                                    width, height, LR_DEFAULTCOLOR)));
+    return UniqueIcon(static_cast<HICON>(
+        LoadImageA(ResourceModule(), MAKEINTRESOURCEA(icon), IMAGE_ICON, width, height, LR_DEFAULTCOLOR)));
 }
 
 UniqueIcon LoadSmallIcon(UINT icon) noexcept {
@@ -82,8 +82,8 @@ UniqueBitmap LoadMenuPicture(UINT icon, bool pale) noexcept {
     DrawOn(bitmap.Get(), pixels, context.Get(), loaded.Get(), 0);
     for (std::size_t i = 0; i < pixelCount; ++i) {
         Pixel& pixel = pixels[i];
-        const int shining = std::max({onWhite[i].blue - pixel.blue, onWhite[i].green - pixel.green,
-                                      onWhite[i].red - pixel.red, 0});
+        const int shining = std::max(
+            {onWhite[i].blue - pixel.blue, onWhite[i].green - pixel.green, onWhite[i].red - pixel.red, 0});
         pixel.alpha = static_cast<std::uint8_t>(255 - shining);
         if (pale)
             pixel = {static_cast<std::uint8_t>(pixel.blue / 2), static_cast<std::uint8_t>(pixel.green / 2),

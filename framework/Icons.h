@@ -11,7 +11,8 @@ namespace nux {
 /// Width and height in pixels of the icons in lists and menus.
 inline constexpr int smallIconSize = 16;
 
-/// Loads an icon of the resource module at the size that the system shows in captions. Empty if there is none.
+/// Loads an icon of the resource module at the size that the system shows in captions. Empty if there is
+/// none.
 UniqueIcon LoadCaptionIcon(UINT icon) noexcept;
 
 /// An image list with these icons of the resource module, each at the index of its place; the place of an

@@ -17,7 +17,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using driver::PopupMenu;
 
-class ColumnMenuWindow : public DimensionChooserTest {
+class ColumnMenuWindow : public DimensionChooserFixture {
 protected:
     static bool IsEnabled(const PopupMenu& menu, MenuItem item) {
         return menu.IsEnabled(static_cast<int>(item));
@@ -150,8 +150,8 @@ TEST_F(ColumnMenuWindow, ShowsAPaleImageBesideAnItemThatIsGrey) {
         const PopupMenu menu = chooser.OpenMenu(1);
         menu.Highlight(static_cast<int>(MenuItem::Cancel));
         const COLORREF background = GetSysColor(COLOR_MENU);
-        for (const auto& [item, icon] :
-             {std::pair{MenuItem::DefineFilter, IDI_FILTER}, std::pair{MenuItem::TurnOffFilter, IDI_FILTER_OFF}}) {
+        for (const auto& [item, icon] : {std::pair{MenuItem::DefineFilter, IDI_FILTER},
+                                         std::pair{MenuItem::TurnOffFilter, IDI_FILTER_OFF}}) {
             // Half of the icon's colours, half of the menu's.
             driver::Picture pale = driver::IconResource(icon, background);
             for (COLORREF& pixel : pale.pixels)
@@ -159,7 +159,8 @@ TEST_F(ColumnMenuWindow, ShowsAPaleImageBesideAnItemThatIsGrey) {
                             (GetGValue(pixel) + GetGValue(background)) / 2,
                             (GetBValue(pixel) + GetBValue(background)) / 2);
             driver::WaitFor("a pale image", [&] {
-                return driver::ContainsNearly(driver::TakePicture(menu.Bounds(static_cast<int>(item))), pale, 3);
+                return driver::ContainsNearly(driver::TakePicture(menu.Bounds(static_cast<int>(item))), pale,
+                                              3);
             });
         }
         menu.Escape();

@@ -21,8 +21,9 @@ TEST(CellText, IsTheFirst127BytesOfAValue) {
 TEST(CellText, IsInTheCodePage) {
     if (DoubleByteCodePage())
         GTEST_SKIP() << "code page 932 has no umlauts";
-    EXPECT_EQ(TextOf(L"Gr\u00F6\u00DFe \u20AC"), "Gr\xF6\xDF"
-                                               "e \x80");
+    EXPECT_EQ(TextOf(L"Gr\u00F6\u00DFe \u20AC"),
+              "Gr\xF6\xDF"
+              "e \x80");
     EXPECT_EQ(TextOf(std::wstring(200, L'\u00F6')), std::string(127, '\xF6'));
 }
 

@@ -1,8 +1,8 @@
 // ChooseDimensions as hosts call it: its arguments, its results, its parent window.
 
 #include "driver/Controls.h"
-#include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/control/ControlSinks.h"
+#include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/support/HostDoubles.h"
 #include "tests/support/RawVariant.h"
 #include "tests/support/TestedThreadWindow.h"
@@ -12,7 +12,7 @@
 namespace nux {
 namespace {
 
-class Bridge : public DimensionChooserTest {
+class Bridge : public DimensionChooserFixture {
 protected:
     Bridge() {
         const ComPtr<IXMLDOMDocument> document = ParseXml("<r><s A='1'/><s A='2'/></r>");

@@ -54,7 +54,7 @@ private:
     HANDLE output_ = nullptr;
 };
 
-class Registered : public DimensionChooserTest {};
+class Registered : public DimensionChooserFixture {};
 
 TEST_F(Registered, AScriptGetsTheRowThatItsUserChooses) {
     ConsoleProgram script("cscript.exe /nologo \"" NUX_SCRIPTS "/choose.js\"");

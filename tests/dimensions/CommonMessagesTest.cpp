@@ -6,7 +6,7 @@
 namespace nux {
 namespace {
 
-class CommonMessages : public DimensionChooserTest {};
+class CommonMessages : public DimensionChooserFixture {};
 
 TEST_F(CommonMessages, AreTheTextsOfTheColumnMenu) {
     Translate("COMMON", {{"Define filter...", "Filter bestimmen..."},

@@ -37,7 +37,7 @@ private:
     std::thread thread_;
 };
 
-class DimensionChooserOutOfMemory : public DimensionChooserTest {
+class DimensionChooserOutOfMemory : public DimensionChooserFixture {
 protected:
     void SetUp() override {
         ASSERT_EQ(CoCreateInstance(CLSID_nuxStdParts, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,

@@ -103,8 +103,8 @@ TEST_F(DimensionDocument, IsNoneIfItCanNotBeWritten) {
 
 TEST_F(DimensionDocument, ThatCanNotBeSavedIsTheOneThatStandsThere) {
     temp.Write("folder\\A.xml", "<Old/>");
-    const UniqueFile reader(CreateFileA((temp.Path() + "folder\\A.xml").c_str(), GENERIC_READ, FILE_SHARE_READ,
-                                        nullptr, OPEN_EXISTING, 0, nullptr));
+    const UniqueFile reader(CreateFileA((temp.Path() + "folder\\A.xml").c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(reader);  // who shares it with readers only
     ASSERT_TRUE(CreateDimensionDocument(temp.Path() + "folder", "A.xml", document.Receive()));
     EXPECT_EQ(RootName(document), "Old");
@@ -128,7 +128,7 @@ TEST_F(DimensionDocument, CountsItsReferences) {
     EXPECT_EQ(last->Release(), 0u) << "one for the caller, and one that the cache had";
 }
 
-class UsersFile : public DimensionChooserTest {
+class UsersFile : public DimensionChooserFixture {
 protected:
     // A DOM may give a document's node as one object or as another: a document is known by its marks.
     static void Mark(const ComPtr<IXMLDOMNode>& root, const char* mark) {
@@ -156,7 +156,8 @@ TEST_F(StandardFile, IsADocumentForEachSpellingOfItsIdentifiers) {
     Folder().Write("catalogs\\Bolts\\StdDimensions\\M8.xml", "<Dimensions/>");
     const auto rootOf = [&](const wchar_t* catalog, const wchar_t* component) {
         ComPtr<IDispatch> node;
-        EXPECT_EQ(Object().GetStdDimensionNode(Bstr(catalog).Get(), Bstr(component).Get(), node.Receive()), S_OK)
+        EXPECT_EQ(Object().GetStdDimensionNode(Bstr(catalog).Get(), Bstr(component).Get(), node.Receive()),
+                  S_OK)
             << catalog;
         return node.As<IXMLDOMNode>();
     };

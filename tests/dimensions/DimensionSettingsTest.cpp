@@ -7,7 +7,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class StoredFilter : public DimensionChooserTest {
+class StoredFilter : public DimensionChooserFixture {
 protected:
     const DimensionsCall numbers = Call({{"A"}, {{"1"}, {"2"}, {"3"}}});
 };

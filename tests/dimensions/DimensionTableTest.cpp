@@ -13,7 +13,7 @@ using Texts = std::vector<std::string>;
 
 constexpr COLORREF paper = RGB(255, 0, 255);
 
-class Table : public DimensionChooserTest {
+class Table : public DimensionChooserFixture {
 protected:
     /// Whether a column counts as one of numbers, as its header shows it.
     static bool IsNumeric(const DimensionChooser& chooser, int column) {
@@ -171,7 +171,8 @@ TEST_F(Table, ARowIsReadFromLeftToRightUntilACellIsRefused) {
     call.names = "<n><A/><B/></n>";
     call.standard = "<r><s A='1' B='1'/><s A='2'/><s A='1' B='3'/></r>";
     StoreFilter("A", 1, "1");
-    EXPECT_EQ(RowsOf(call), (Texts{"1|1", "1|3"})) << "the attribute that the second row lacks is not looked for";
+    EXPECT_EQ(RowsOf(call), (Texts{"1|1", "1|3"}))
+        << "the attribute that the second row lacks is not looked for";
 }
 
 TEST_F(Table, ARowThatIsNoElementEndsItsSource) {

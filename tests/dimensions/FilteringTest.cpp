@@ -7,7 +7,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class Filter : public DimensionChooserTest {
+class Filter : public DimensionChooserFixture {
 protected:
     /// The rows of two sources that a stored filter on column A leaves.
     Texts Left(const SizeTable& standard, const SizeTable& users = {{"A"}, {}}) {

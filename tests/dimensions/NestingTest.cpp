@@ -13,7 +13,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class Nesting : public DimensionChooserTest {
+class Nesting : public DimensionChooserFixture {
 protected:
     /// One call on an object of its own.
     struct Run {

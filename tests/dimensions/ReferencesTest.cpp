@@ -11,7 +11,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class GivenReferences : public DimensionChooserTest {
+class GivenReferences : public DimensionChooserFixture {
 protected:
     /// Two rows that are one node, which nobody else holds: what the chooser leaves behind shows in its
     /// count.
@@ -84,7 +84,8 @@ TEST_F(GivenReferences, AreGivenBackOnTheDefaultsAndTheUsersRowsToo) {
         },
         [&](driver::User& user) {
             const DimensionChooser chooser(user);
-            EXPECT_GT(References(defaults.Get()), defaultsBefore) << "the chooser holds what it may read again";
+            EXPECT_GT(References(defaults.Get()), defaultsBefore)
+                << "the chooser holds what it may read again";
             EXPECT_GT(References(rows.Get()), rowsBefore);
             chooser.Take(0);
         });
@@ -93,7 +94,7 @@ TEST_F(GivenReferences, AreGivenBackOnTheDefaultsAndTheUsersRowsToo) {
     EXPECT_EQ(References(row.Get()), 1u);
 }
 
-class Names : public DimensionChooserTest {
+class Names : public DimensionChooserFixture {
 protected:
     /// The captions that a list of names gives whose second node is this one.
     Texts CaptionsWith(IXMLDOMNode* second) {

@@ -10,7 +10,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class Refill : public DimensionChooserTest {
+class Refill : public DimensionChooserFixture {
 protected:
     static int Alignment(const DimensionChooser& chooser, int column) {
         return chooser.List().HeaderFormat(column) & HDF_JUSTIFYMASK;

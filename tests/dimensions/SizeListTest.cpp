@@ -12,7 +12,7 @@ namespace {
 
 using Order = std::vector<int>;
 
-class Columns : public DimensionChooserTest {
+class Columns : public DimensionChooserFixture {
 protected:
     const DimensionsCall call = Call({{"A", "B", "C"}, {{"1", "2", "3"}}});
 
@@ -238,18 +238,19 @@ TEST_F(Columns, AreDraggedWithTheRealPointer) {
 
 TEST_F(Columns, ADropIsDrawnOnceAtItsEnd) {
     Look(call, [](DimensionChooser& chooser) {
-        MessageRecorder recorder(chooser.List().Handle(), [](UINT message, WPARAM wParam, LPARAM) -> std::string {
-            switch (message) {
-                case WM_SETREDRAW:
-                    return wParam ? "on" : "off";
-                case LVM_SETCOLUMNORDERARRAY:
-                    return "order";
-                case WM_PAINT:
-                    return "paint";
-                default:
-                    return {};
-            }
-        });
+        MessageRecorder recorder(chooser.List().Handle(),
+                                 [](UINT message, WPARAM wParam, LPARAM) -> std::string {
+                                     switch (message) {
+                                         case WM_SETREDRAW:
+                                             return wParam ? "on" : "off";
+                                         case LVM_SETCOLUMNORDERARRAY:
+                                             return "order";
+                                         case WM_PAINT:
+                                             return "paint";
+                                         default:
+                                             return {};
+                                     }
+                                 });
         EXPECT_FALSE(DropRefused(chooser, 3, 1));
         std::vector<std::string> seen = recorder.Take();
         seen.resize(4);
@@ -270,7 +271,8 @@ TEST_F(Columns, NothingOfTheDraggedCaptionStays) {
         RECT bounds{};
         GetWindowRect(chooser.Window(), &bounds);
         const driver::Picture left = driver::TakePictureAtRest(bounds);
-        RedrawWindow(chooser.Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+        RedrawWindow(chooser.Window(), nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
         chooser.User().Settle();
         EXPECT_TRUE(left == driver::TakePictureAtRest(bounds));
     });

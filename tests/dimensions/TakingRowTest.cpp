@@ -14,7 +14,7 @@ using Rows = std::vector<int>;
 
 const SizeTable sizes{{"A", "B"}, {{"1", "x"}, {"2", "y"}, {"2", "z"}, {"3", ""}}};
 
-class DefaultRow : public DimensionChooserTest {
+class DefaultRow : public DimensionChooserFixture {
 protected:
     /// The row that is selected at the opening, with these default values.
     int Selected(const SizeTable& table, const std::optional<std::string>& defaults) {
@@ -102,7 +102,7 @@ TEST_F(DefaultRow, IsLookedForAmongTheRowsThatFiltersLeave) {
     EXPECT_EQ(Selected(sizes, "<d><A>3</A></d>"), 2);
 }
 
-class TakingRow : public DimensionChooserTest {
+class TakingRow : public DimensionChooserFixture {
 protected:
     const DimensionsCall call = Call({{"A"}, {{"1"}, {"2"}, {"3"}}}, {{"A"}, {{"4"}}});
 

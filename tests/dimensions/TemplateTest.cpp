@@ -35,8 +35,8 @@ constexpr LONG firstRadio = radio | WS_GROUP;
 
 const Control chooserControls[] = {
     {205, "SysListView32", LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS, "", "", 7, 7, 197, 135},
-    {230, "Button", BS_PUSHBUTTON | WS_DISABLED, "Turn off all filters",
-     "Alle Filter ausschalten", 7, 151, 87, 14},
+    {230, "Button", BS_PUSHBUTTON | WS_DISABLED, "Turn off all filters", "Alle Filter ausschalten", 7, 151,
+     87, 14},
     {1, "Button", BS_DEFPUSHBUTTON, "OK", "OK", 110, 151, 43, 14},
     {2, "Button", BS_PUSHBUTTON, "Cancel", "Abbrechen", 161, 151, 43, 14},
 };
@@ -82,7 +82,7 @@ RECT PlaceOf(HWND dialog, HWND control) {
     return bounds;
 }
 
-class Template : public DimensionChooserTest, public testing::WithParamInterface<Language> {
+class Template : public DimensionChooserFixture, public testing::WithParamInterface<Language> {
 protected:
     Template() {
         if (GetParam() == Language::English)

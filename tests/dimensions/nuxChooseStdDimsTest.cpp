@@ -40,7 +40,7 @@ struct Arrangement {
           cancel(PositionIn(chooser.Window(), chooser.CancelButton())) {}
 };
 
-class Layout : public DimensionChooserTest {
+class Layout : public DimensionChooserFixture {
 protected:
     const DimensionsCall call = Call({{"A"}, {{"1"}}});
 
@@ -168,7 +168,8 @@ TEST_F(Layout, ArrowKeysGoFromButtonToButton) {
 TEST_F(Layout, TheButtonThatTurnsOffAllFiltersGivesTheKeyboardToTheListWhenItGreys) {
     StoreFilter("A", 4, "0");
     Look(call, [](DimensionChooser& chooser) {
-        driver::Ask(chooser.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(chooser.FiltersOffButton()), TRUE);
+        driver::Ask(chooser.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(chooser.FiltersOffButton()),
+                    TRUE);
         ASSERT_TRUE(driver::HasFocus(chooser.FiltersOffButton()));
         driver::PressKey(chooser.FiltersOffButton(), VK_SPACE);
         chooser.User().Settle();

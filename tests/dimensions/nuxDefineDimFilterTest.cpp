@@ -17,7 +17,7 @@ using Texts = std::vector<std::string>;
 constexpr char wrongValue[] = "A wrong value has been encountered.";
 constexpr char reversed[] = "The upper limit is less than the lower limit.";
 
-class FilterDefinition : public DimensionChooserTest {
+class FilterDefinition : public DimensionChooserFixture {
 protected:
     const DimensionsCall call = Call({{"A"}, {{"10"}, {"5"}, {"20"}, {"7.25"}}}, {{"A"}, {{"5"}, {"30"}}});
 
@@ -40,8 +40,8 @@ protected:
     static int CheckedSort(const FilterDialog& dialog) {
         return driver::CheckedButton(dialog.Window(), IDC_SORT_ASCENDING, IDC_SORT_NONE);
     }
-    /// Presses a key again and again. @return the controls that get the keyboard by that, up to the one that has
-    /// it at first; the edit field of a combo box counts as the box
+    /// Presses a key again and again. @return the controls that get the keyboard by that, up to the one that
+    /// has it at first; the edit field of a combo box counts as the box
     static std::vector<int> Walk(DimensionChooser& chooser, WORD key) {
         const auto focused = [&] {
             GUITHREADINFO state{};
@@ -152,8 +152,8 @@ TEST_F(FilterDefinition, StartsAtItsFirstGroupAndTabsThroughGroupsFieldsAndButto
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
         EXPECT_TRUE(driver::HasFocus(dialog.Item(IDC_FILTER_BETWEEN)));
         EXPECT_EQ(Walk(chooser, VK_TAB),
-                  (std::vector<int>{IDC_LOWER_LIMIT, IDC_UPPER_LIMIT, IDC_DATABASE_USER, IDC_SORT_ASCENDING, IDOK,
-                                    IDCANCEL, IDC_FILTER_BETWEEN}));
+                  (std::vector<int>{IDC_LOWER_LIMIT, IDC_UPPER_LIMIT, IDC_DATABASE_USER, IDC_SORT_ASCENDING,
+                                    IDOK, IDCANCEL, IDC_FILTER_BETWEEN}));
     });
 }
 
@@ -163,8 +163,10 @@ TEST_F(FilterDefinition, ArrowKeysStayInTheirGroup) {
                   (std::vector<int>{IDC_FILTER_EQUAL, IDC_FILTER_BETWEEN, IDC_FILTER_SMALLER_OR_EQUAL,
                                     IDC_FILTER_GREATER_OR_EQUAL, IDC_FILTER_NONE}));
         for (const auto& [first, group] :
-             {std::pair{IDC_DATABASE_BOTH, std::vector{IDC_DATABASE_STANDARD, IDC_DATABASE_USER, IDC_DATABASE_BOTH}},
-              std::pair{IDC_SORT_ASCENDING, std::vector{IDC_SORT_DESCENDING, IDC_SORT_NONE, IDC_SORT_ASCENDING}}}) {
+             {std::pair{IDC_DATABASE_BOTH,
+                        std::vector{IDC_DATABASE_STANDARD, IDC_DATABASE_USER, IDC_DATABASE_BOTH}},
+              std::pair{IDC_SORT_ASCENDING,
+                        std::vector{IDC_SORT_DESCENDING, IDC_SORT_NONE, IDC_SORT_ASCENDING}}}) {
             dialog.Check(first);
             driver::Ask(dialog.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(dialog.Item(first)), TRUE);
             EXPECT_EQ(Walk(chooser, VK_DOWN), group);
@@ -180,8 +182,8 @@ TEST_F(FilterDefinition, AGroupWithoutACheckedButtonKeepsItsPlaceForTheKeyboard)
         ASSERT_EQ(CheckedDatabase(dialog), 0);
         EXPECT_TRUE(driver::HasFocus(dialog.Item(IDC_FILTER_NONE)));
         EXPECT_EQ(Walk(chooser, VK_TAB),
-                  (std::vector<int>{IDC_LOWER_LIMIT, IDC_UPPER_LIMIT, IDC_DATABASE_STANDARD, IDC_SORT_ASCENDING,
-                                    IDOK, IDCANCEL, IDC_FILTER_NONE}));
+                  (std::vector<int>{IDC_LOWER_LIMIT, IDC_UPPER_LIMIT, IDC_DATABASE_STANDARD,
+                                    IDC_SORT_ASCENDING, IDOK, IDCANCEL, IDC_FILTER_NONE}));
     });
 }
 

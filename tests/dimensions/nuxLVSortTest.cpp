@@ -8,7 +8,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class Sort : public DimensionChooserTest {
+class Sort : public DimensionChooserFixture {
 protected:
     /// The column after a sort of its cells with the menu.
     Texts Sorted(const Texts& cells, MenuItem direction) {

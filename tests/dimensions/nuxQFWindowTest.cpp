@@ -19,7 +19,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class QuickFilter : public DimensionChooserTest {
+class QuickFilter : public DimensionChooserFixture {
 protected:
     const DimensionsCall call =
         Call({{"A", "B"}, {{"3", "round"}, {"1", "square"}, {"2", "round"}, {"1", "round"}}},
@@ -389,8 +389,8 @@ TEST_F(QuickFilter, OpensUnderThePointerAlsoWhereItPassesTheEdgeOfTheScreen) {
         const POINT cell = driver::OnScreen(chooser.List().Handle(), chooser.List().CellMiddle(0, 2));
         // The cell comes to stand a little before the lower right corner.
         const int right = GetSystemMetrics(SM_CXSCREEN) - 4, bottom = GetSystemMetrics(SM_CYSCREEN) - 4;
-        SetWindowPos(chooser.Window(), nullptr, window.left + right - cell.x, window.top + bottom - cell.y, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER);
+        SetWindowPos(chooser.Window(), nullptr, window.left + right - cell.x, window.top + bottom - cell.y, 0,
+                     0, SWP_NOSIZE | SWP_NOZORDER);
         chooser.User().Settle();
         QuickFilterGesture gesture(chooser, 0, 2);
         const RECT list = gesture.ListBounds();
@@ -429,25 +429,25 @@ TEST_F(QuickFilter, SetsTheFirstValueOfAButtonThatIsLetGoAtOnce) {
 
 TEST_F(QuickFilter, KeepsAltAndF10FromTheWindowsAndNoOtherKey) {
     Look(call, [](DimensionChooser& chooser) {
-        MessageRecorder recorder(chooser.List().Handle(), [](UINT message, WPARAM key, LPARAM) -> std::string {
-            switch (message) {
-                case WM_KEYDOWN:
-                case WM_KEYUP:
-                case WM_SYSKEYDOWN:
-                case WM_SYSKEYUP:
-                    return std::to_string(message - WM_KEYFIRST) + " " + std::to_string(key);
-                default:
-                    return {};
-            }
-        });
+        MessageRecorder recorder(
+            chooser.List().Handle(), [](UINT message, WPARAM key, LPARAM) -> std::string {
+                switch (message) {
+                    case WM_KEYDOWN:
+                    case WM_KEYUP:
+                    case WM_SYSKEYDOWN:
+                    case WM_SYSKEYUP:
+                        return std::to_string(message - WM_KEYFIRST) + " " + std::to_string(key);
+                    default:
+                        return {};
+                }
+            });
         QuickFilterGesture gesture(chooser, 0, 1);
         for (const WPARAM key : {VK_MENU, VK_F10, VK_SHIFT, VK_DOWN}) {
             for (const UINT message : {WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN, WM_SYSKEYUP})
                 driver::Post(chooser.List().Handle(), message, key);
         }
         chooser.User().Settle();
-        EXPECT_EQ(recorder.Take(),
-                  (Texts{"0 16", "1 16", "4 16", "5 16", "0 40", "1 40", "4 40", "5 40"}));
+        EXPECT_EQ(recorder.Take(), (Texts{"0 16", "1 16", "4 16", "5 16", "0 40", "1 40", "4 40", "5 40"}));
         gesture.MoveTo({gesture.PagerBounds().right + 30, gesture.PagerBounds().top});
         gesture.Release();
     });
@@ -501,7 +501,8 @@ TEST_F(QuickFilter, OfATextColumnOffersTranslationsOfNumbersToo) {
     });
     DWORD size = 32;
     char text[32] = "";
-    RegGetValueA(HKEY_LOCAL_MACHINE, Key("A", "NUMBERS").c_str(), "FilterString", RRF_RT_REG_SZ, nullptr, text, &size);
+    RegGetValueA(HKEY_LOCAL_MACHINE, Key("A", "NUMBERS").c_str(), "FilterString", RRF_RT_REG_SZ, nullptr,
+                 text, &size);
     EXPECT_STREQ(text, "zwoelf");
 }
 

@@ -114,8 +114,7 @@ TEST(ReadAttribute, GivesTheTextOfOneThatASchemaTypes) {
 }
 
 TEST(ReadAttribute, GivesTheDefaultOfADocumentType) {
-    const std::string row =
-        "<!DOCTYPE s [<!ELEMENT s EMPTY><!ATTLIST s A CDATA '7' B CDATA '8'>]><s B='9'/>";
+    const std::string row = "<!DOCTYPE s [<!ELEMENT s EMPTY><!ATTLIST s A CDATA '7' B CDATA '8'>]><s B='9'/>";
     EXPECT_EQ(Attribute(row, L"A"), "7");
     EXPECT_EQ(Attribute(row, L"B"), "9");
 }
