@@ -89,9 +89,12 @@ void FillRowsWithKeys(HWND list, const Sizes& sizes, const std::vector<int>& key
     Fill(list, sizes, false, none, [&](IXMLDOMNode*, int index) { return static_cast<LPARAM>(keys[index]); });
 }
 
+int CALLBACK Compare(LPARAM a, LPARAM b, LPARAM) {
+    return (a > b) - (a < b);
+}
+
 void Sort(HWND list) {
-    const PFNLVCOMPARE compare = [](LPARAM a, LPARAM b, LPARAM) { return (a > b) - (a < b); };
-    SendMessageA(list, LVM_SORTITEMS, 0, reinterpret_cast<LPARAM>(compare));
+    SendMessageA(list, LVM_SORTITEMS, 0, reinterpret_cast<LPARAM>(Compare));
 }
 
 void ReadValues(const Sizes& sizes, int dimension) {

@@ -5,5 +5,5 @@ set(CMAKE_FIND_ROOT_PATH /usr/${nux_triple})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-# Tests run in the Wine prefix of their environment.
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tests/run-wine)
+# Each test gets a copy of a Wine prefix that is made before the first one.
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../wine/run ${CMAKE_BINARY_DIR}/prefix)

@@ -9,6 +9,8 @@ packages=(
 
 say() { printf '== %s\n' "$*"; }
 
+as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
+
 install_packages() {
     local missing=() package
     for package in "${packages[@]}"; do
@@ -16,9 +18,6 @@ install_packages() {
     done
     [ ${#missing[@]} -eq 0 ] && return
     say "installing Debian packages: ${missing[*]}"
-    local as_root=()
-    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-    "${as_root[@]}" apt-get update -q
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -q --no-install-recommends "${missing[@]}"
+    as_root apt-get update -q
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"
 }

@@ -1,4 +1,4 @@
-# Tests of the window and COM code: they run under Wine, in the prefix that tests/with-wine has made.
+# Tests of the window and COM code: they run under Wine, each in a prefix of its own.
 
 file(GLOB support CONFIGURE_DEPENDS support/*.cpp)
 list(FILTER support EXCLUDE REGEX "/(main)\\.cpp$")
@@ -44,23 +44,24 @@ set_source_files_properties(framework/framework_tests.rc PROPERTIES
 
 nux_layer_tests(environment EXCEPT "/(HugeFiles|InterfaceLanguage|DoubleByte)Test\\.cpp$")
 # In this time zone a stamp of the system's clock differs from one of the local clock.
-set_tests_properties(environment_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "TZ=XYZ-5:30")
+set_tests_properties(environment_tests PROPERTIES ENVIRONMENT "NUX_TIME_ZONE=XYZ-5:30")
 # What the tests of the environment run in a process of its own.
 add_executable(fresh_process environment/fresh_process.cpp)
 target_link_libraries(fresh_process PRIVATE environment)
 add_dependencies(environment_tests fresh_process resource_german)
 nux_windows_test(huge_files_tests environment/HugeFilesTest.cpp)
+set_tests_properties(huge_files_tests PROPERTIES LABELS once)
 
-# The language comes from the locale of the process, and the platform keeps what it derives from it in the registry:
-# no other test runs beside these.
+# The language comes from the locale of the process.
 nux_windows_program(language_tests environment/InterfaceLanguageTest.cpp)
 foreach(locale de_AT de_CH de_DE en_US ja_JP cy_GB gl_ES)
     add_test(NAME language_tests_${locale} COMMAND language_tests ${locale})
     set_tests_properties(language_tests_${locale} PROPERTIES
-        TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
+        TIMEOUT 300 LABELS once ENVIRONMENT "NUX_LOCALE=${locale}.UTF-8")
 endforeach()
+set_tests_properties(language_tests_en_US PROPERTIES LABELS "")
 nux_windows_test(double_byte_tests environment/DoubleByteTest.cpp)
-set_tests_properties(double_byte_tests PROPERTIES RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=ja_JP.UTF-8")
+set_tests_properties(double_byte_tests PROPERTIES LABELS once ENVIRONMENT "NUX_LOCALE=ja_JP.UTF-8")
 
 # The automation object is tested in the registered module: from C++ with doubles of the host's objects, and from
 # scripts.
@@ -78,24 +79,29 @@ foreach(library ${shared_run_time})
         OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
     file(COPY ${path} DESTINATION ${CMAKE_CURRENT_BINARY_DIR})
 endforeach()
-# They register the component anew and use the desktop's focus.
-set_tests_properties(control_tests PROPERTIES RUN_SERIAL TRUE)
 
 add_test(NAME module_imports_and_exports
-    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/control/check-module
-        $<TARGET_FILE:nuxStdPartsAX> ${PROJECT_SOURCE_DIR}/out/x86/nuxStdPartsAX.dll)
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/control/check-module ${CMAKE_OBJDUMP} $<TARGET_FILE:nuxStdPartsAX>)
+set_tests_properties(module_imports_and_exports PROPERTIES LABELS "module;once")
 
 file(GLOB scripts CONFIGURE_DEPENDS scripts/*_test.js scripts/*_test.vbs)
 foreach(script ${scripts})
     get_filename_component(name ${script} NAME)
     string(REPLACE "." "_" name ${name})
-    add_test(NAME script_${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/scripts/run-script ${script})
-    set_tests_properties(script_${name} PROPERTIES RUN_SERIAL TRUE TIMEOUT 120)
+    add_test(NAME script_${name}
+        COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${CMAKE_CURRENT_SOURCE_DIR}/scripts/run-script ${script})
+    set_tests_properties(script_${name} PROPERTIES TIMEOUT 120)
 endforeach()
 
 # The sample's script clients tell of an error.
-add_test(NAME script_clients COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/scripts/run-clients)
-set_tests_properties(script_clients PROPERTIES RUN_SERIAL TRUE TIMEOUT 120)
+add_test(NAME script_clients
+    COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${CMAKE_CURRENT_SOURCE_DIR}/scripts/run-clients)
+set_tests_properties(script_clients PROPERTIES TIMEOUT 120)
+
+# What a person on Windows can try, with both modules.
+add_test(NAME sample_smoke
+    COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${PROJECT_SOURCE_DIR}/sample/smoke/try)
+set_tests_properties(sample_smoke PROPERTIES TIMEOUT 300 LABELS once)
 
 # The dimension chooser. Its programs bring the component's resources along, as the module does.
 add_library(chooser_support STATIC dimensions/DimensionChooser.cpp dimensions/DimensionChooserFixture.cpp)
@@ -119,12 +125,20 @@ nux_chooser_program(endurance_tests dimensions/EnduranceTest.cpp)
 nux_chooser_program(chooser_pictures dimensions/pictures.cpp)
 
 add_test(NAME endurance_tests COMMAND endurance_tests)
-set_tests_properties(endurance_tests PROPERTIES TIMEOUT 600 RUN_SERIAL TRUE)
-# A decimal point, a decimal comma, double-byte texts. They use the pointer and the desktop's focus.
-foreach(locale en_US de_DE ja_JP)
-    foreach(program dimensions_tests common_messages_tests)
+set_tests_properties(endurance_tests PROPERTIES TIMEOUT 600 LABELS once)
+# A decimal point, a decimal comma, double-byte texts.
+foreach(program dimensions_tests common_messages_tests)
+    foreach(locale en_US de_DE ja_JP)
         add_test(NAME ${program}_${locale} COMMAND ${program})
-        set_tests_properties(${program}_${locale} PROPERTIES
-            TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "LC_ALL=${locale}.UTF-8")
+        set_tests_properties(${program}_${locale} PROPERTIES TIMEOUT 300 ENVIRONMENT "NUX_LOCALE=${locale}.UTF-8")
     endforeach()
+    set_tests_properties(${program}_de_DE ${program}_ja_JP PROPERTIES LABELS once)
 endforeach()
+
+# The prefix that each test gets a copy of.
+get_property(tests DIRECTORY PROPERTY TESTS)
+list(REMOVE_ITEM tests module_imports_and_exports)
+set_tests_properties(${tests} PROPERTIES FIXTURES_REQUIRED prefix)
+add_test(NAME prefix
+    COMMAND ${PROJECT_SOURCE_DIR}/wine/make-prefix ${PROJECT_BINARY_DIR}/prefix $<TARGET_FILE:nuxStdPartsAX>)
+set_tests_properties(prefix PROPERTIES FIXTURES_SETUP prefix TIMEOUT 120)

@@ -59,7 +59,7 @@ std::wstring ReadText(const ComPtr<InuxStdParts>& parts,
 
 void PartsTest::SetUp() {
     parts = CreateParts();
-    ASSERT_TRUE(parts) << "tests/with-wine registers the component";
+    ASSERT_TRUE(parts) << "wine/make-prefix registers the component";
 }
 
 void PartsTest::TearDown() {

@@ -95,15 +95,6 @@ TEST(ModuleFile, HasTheChoosersIconsForScreensOfEachScale) {
         EXPECT_EQ((std::vector<int>{16, 20, 24, 32}), file.IconWidths(icon)) << icon;
 }
 
-TEST(ModuleFile, HoldsTheSameInTheOtherWordSize) {
-    std::wstring path = RegisteredModulePath();
-    const auto [own, other] = sizeof(void*) == 8 ? std::pair(L"x64", L"x86") : std::pair(L"x86", L"x64");
-    const std::size_t place = path.rfind(own);
-    ASSERT_NE(std::wstring::npos, place) << "the build has one folder for each word size";
-    path.replace(place, 3, other);
-    ExpectResources(path);
-}
-
 class ModuleLife : public testing::Test {
 protected:
     const ModuleFunctions module{RegisteredModulePath()};

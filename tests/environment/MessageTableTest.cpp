@@ -160,17 +160,17 @@ TEST_P(ManyMessages, AreReadFromTheirFileWithTheFirstOfTwoEqualIdsKept) {
         ASSERT_EQ(Text(number), Find(table, Id(number)));
 }
 
+DWORD WINAPI Free(void* owned) {
+    delete static_cast<MessageTable*>(owned);
+    return 0;
+}
+
 TEST_P(ManyMessages, AreFreedOnASmallStack) {
     auto table = std::make_unique<MessageTable>();
     for (const int number : GetParam())
         table->Add(Id(number), Text(number));
-    const HANDLE thread = CreateThread(
-        nullptr, 64 * 1024,
-        [](void* owned) -> DWORD {
-            delete static_cast<MessageTable*>(owned);
-            return 0;
-        },
-        table.release(), STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+    const HANDLE thread =
+        CreateThread(nullptr, 64 * 1024, Free, table.release(), STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
     ASSERT_NE(nullptr, thread);
     EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 60'000));
     CloseHandle(thread);
