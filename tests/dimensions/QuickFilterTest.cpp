@@ -17,6 +17,14 @@ TEST(QuickFilterGeometry, TheWidthIsThatOfTheLongestStringAndTwoCharactersMore) 
     EXPECT_EQ(QuickFilterGeometry({"\x83\x41"}, 13, 11).Width(), 4 * 11);
 }
 
+TEST(QuickFilterGeometry, ATextOfAnyLengthLeavesRoomForTheFrameAndThePlaceOnTheScreen) {
+    constexpr int most = 1 << 30;
+    const QuickFilterGeometry geometry({std::string(71'000'000, 'x')}, 13, 31);
+    EXPECT_EQ(geometry.Width(), most);
+    EXPECT_EQ(geometry.PagerSize(), (PixelSize{most, 104}));
+    EXPECT_EQ(TopLeftUnderPointer({0, 0}, geometry.PointerPlace(), {0, 0}).x, -most / 4);
+}
+
 TEST(QuickFilterGeometry, WithoutStringsItIsTwoCharactersWideAndStillEightRowsHigh) {
     const QuickFilterGeometry geometry({}, 13, 11);
     EXPECT_EQ(geometry.ListSize(), (PixelSize{22, 0}));

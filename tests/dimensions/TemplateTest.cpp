@@ -134,6 +134,16 @@ protected:
         EXPECT_EQ(child, nullptr) << "a control that is none of the template";
     }
 
+    static int WidthOf(HICON icon) {
+        ICONINFO parts{};
+        GetIconInfo(icon, &parts);
+        BITMAP bitmap{};
+        GetObjectA(parts.hbmMask, sizeof bitmap, &bitmap);
+        DeleteObject(parts.hbmMask);
+        DeleteObject(parts.hbmColor);
+        return bitmap.bmWidth;
+    }
+
     static void ExpectDialog(HWND dialog, const std::string& title, int icon, LONG frame) {
         EXPECT_EQ(driver::TextOf(dialog), title);
         const LONG frames = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_POPUP | DS_MODALFRAME |
@@ -148,6 +158,7 @@ protected:
         ReleaseDC(nullptr, screen);
         EXPECT_STREQ(font.lfFaceName, "MS Sans Serif");
         const auto shown = reinterpret_cast<HICON>(driver::Ask(dialog, WM_GETICON, ICON_SMALL));
+        EXPECT_EQ(WidthOf(shown), GetSystemMetrics(SM_CXSMICON));
         EXPECT_TRUE(driver::DrawnIcon(shown, paper) == driver::IconResource(icon, paper));
         // In the middle of the screen's work area, from where the start may raise its size by one pixel.
         RECT place{}, work{};
