@@ -26,8 +26,8 @@ struct ColumnDrop {
 };
 
 /// Decides on a drop. `order` is the order array of the list, `column` the dragged column, `newOrder` the
-/// position that it was dropped at, if the header told one. Column 0 stays where it is and nothing comes to
-/// stand before it. A position that the array doesn't have (-1 for a drop outside the header) is refused.
+/// position that it was dropped at, if the header told one. Column 0 stays where it is, and no other can be
+/// put before it. A position that the array doesn't have (-1 for a drop outside the header) is refused.
 ColumnDrop DropColumn(const std::vector<int>& order, int column, std::optional<int> newOrder);
 
 /// What the stored layout says of one list column.

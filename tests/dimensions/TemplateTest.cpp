@@ -193,7 +193,7 @@ TEST_P(Template, OfTheChooser) {
         ExpectControls(dialog, chooserControls, 205, 1);
         const LONG list = GetWindowLongA(chooser.List().Handle(), GWL_STYLE);
         EXPECT_EQ(list & (WS_TABSTOP | WS_VISIBLE), WS_TABSTOP | WS_VISIBLE);
-        // Some systems make a sunken edge of the border.
+        // Wine 8.0 makes a sunken edge of the border.
         const LONG edge = GetWindowLongA(chooser.List().Handle(), GWL_EXSTYLE) & WS_EX_CLIENTEDGE;
         EXPECT_TRUE((list & WS_BORDER) || edge);
         RECT client{};
