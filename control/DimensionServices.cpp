@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "control/nuxStdParts.h"
 #include "dimensions/nuxChooseStdDims.h"
 #include "environment/XMLAccess.h"
@@ -28,9 +30,11 @@ IDispatch* ObjectOf(const VARIANT& value, const wchar_t* argument) {
     return nullptr;
 }
 
-/// The name of a registry key, which can't be empty.
+/// The name of a registry key, which can't be empty. An ID ends at its first NUL: a key's path would end
+/// there, and the component with it that the settings are for.
 std::string NameOrDefault(BSTR id) {
     std::string name = Narrow(id);
+    name.resize(std::min(name.size(), name.find('\0')));
     return name.empty() ? "Default" : name;
 }
 

@@ -1,21 +1,54 @@
 #include "dimensions/CMenuExImpl.h"
 
+#include <optional>
 #include <utility>
 
 #include "framework/HResult.h"
 #include "framework/Icons.h"
+#include "framework/SubclassedWindow.h"
 
 namespace nux {
 namespace {
 
-// Blank pixels around a picture.
-constexpr int pictureMargin = 2;
-constexpr int textDistance = 6;
+/// Whether menus heed the transparency of their pictures. Wine 8.0 draws black in its place, and inverts the
+/// picture of the marked item (ColumnMenuWindow.ShowsAnImageBesideEachAction).
+bool MenusKnowTransparency() noexcept {
+    return !GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version");
+}
+
+/// The owner of an open menu on Wine, which draws the pictures itself.
+class PictureDrawer : public SubclassedWindow {
+public:
+    explicit PictureDrawer(HWND owner) : SubclassedWindow(nullptr) { Attach(owner); }
+
+private:
+    // Blank pixels around a picture, and between it and the text.
+    static constexpr int margin = 2;
+    static constexpr int textDistance = 6;
+
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_MEASUREITEM) {
+            auto& item = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
+            if (item.CtlType == ODT_MENU) {
+                item.itemWidth = margin + smallIconSize + textDistance;
+                item.itemHeight = smallIconSize + 2 * margin;
+                return TRUE;
+            }
+        } else if (message == WM_DRAWITEM) {
+            const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+            if (item.CtlType == ODT_MENU) {
+                DrawMenuPicture(reinterpret_cast<HBITMAP>(item.itemData), item.hDC, item.rcItem.left + margin,
+                                (item.rcItem.top + item.rcItem.bottom - smallIconSize) / 2);
+                return TRUE;
+            }
+        }
+        return Default(message, wParam, lParam);
+    }
+};
 
 }  // namespace
 
-CMenuExImpl::CMenuExImpl(UniqueImageList images)
-    : SubclassedWindow(nullptr), images_(std::move(images)), menu_(CreatePopupMenu()) {
+CMenuExImpl::CMenuExImpl() : menu_(CreatePopupMenu()) {
     if (!menu_)
         throw HResultError(E_OUTOFMEMORY);
     MENUINFO info{};
@@ -25,16 +58,17 @@ CMenuExImpl::CMenuExImpl(UniqueImageList images)
     SetMenuInfo(menu_.Get(), &info);
 }
 
-void CMenuExImpl::AppendItem(UINT command, const std::string& text, int image, bool enabled) {
+void CMenuExImpl::AppendItem(UINT command, const std::string& text, UINT icon, bool enabled) {
     MENUITEMINFOA item{};
     item.fMask = MIIM_ID | MIIM_STRING | MIIM_STATE;
     item.wID = command;
     item.dwTypeData = const_cast<char*>(text.c_str());
     item.fState = enabled ? MFS_ENABLED : MFS_GRAYED;
-    if (image >= 0 && images_) {
+    if (UniqueBitmap picture = icon ? LoadMenuPicture(icon, !enabled) : UniqueBitmap()) {
         item.fMask |= MIIM_BITMAP | MIIM_DATA;
-        item.hbmpItem = HBMMENU_CALLBACK;
-        item.dwItemData = static_cast<ULONG_PTR>(image);
+        item.hbmpItem = MenusKnowTransparency() ? picture.Get() : HBMMENU_CALLBACK;
+        item.dwItemData = reinterpret_cast<ULONG_PTR>(picture.Get());
+        pictures_.push_back(std::move(picture));
     }
     Append(item);
 }
@@ -53,42 +87,14 @@ void CMenuExImpl::Append(const MENUITEMINFOA& item) {
         throw HResultError(E_OUTOFMEMORY);
 }
 
-UINT CMenuExImpl::TrackAtPointer(HWND owner) {
+UINT CMenuExImpl::TrackAtPointer(HWND owner) const {
+    std::optional<PictureDrawer> drawer;
+    if (!MenusKnowTransparency())
+        drawer.emplace(owner);
     POINT pointer{};
     GetCursorPos(&pointer);
-    Attach(owner);
-    const BOOL command =
-        TrackPopupMenu(menu_.Get(), TPM_RETURNCMD | TPM_NONOTIFY, pointer.x, pointer.y, 0, owner, nullptr);
-    Detach();
-    return static_cast<UINT>(command);
-}
-
-LRESULT CMenuExImpl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_MEASUREITEM) {
-        auto& item = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
-        if (item.CtlType == ODT_MENU) {
-            item.itemWidth = pictureMargin + smallIconSize + textDistance;
-            item.itemHeight = smallIconSize + 2 * pictureMargin;
-            return TRUE;
-        }
-    } else if (message == WM_DRAWITEM) {
-        const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-        if (item.CtlType == ODT_MENU) {
-            Draw(item);
-            return TRUE;
-        }
-    }
-    return Default(message, wParam, lParam);
-}
-
-void CMenuExImpl::Draw(const DRAWITEMSTRUCT& item) const noexcept {
-    const int x = item.rcItem.left + pictureMargin;
-    const int y = (item.rcItem.top + item.rcItem.bottom - smallIconSize) / 2;
-    // The picture of a greyed item is mixed with the menu's colour, as pale as its text.
-    const bool greyed = (item.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0;
-    ImageList_DrawEx(images_.Get(), static_cast<int>(item.itemData), item.hDC, x, y, smallIconSize,
-                     smallIconSize, CLR_NONE, GetSysColor(COLOR_MENU),
-                     greyed ? ILD_TRANSPARENT | ILD_BLEND50 : ILD_TRANSPARENT);
+    return static_cast<UINT>(
+        TrackPopupMenu(menu_.Get(), TPM_RETURNCMD | TPM_NONOTIFY, pointer.x, pointer.y, 0, owner, nullptr));
 }
 
 }  // namespace nux

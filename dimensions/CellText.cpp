@@ -5,6 +5,17 @@
 #include <algorithm>
 
 namespace nux {
+namespace {
+
+/// Whether a text ends in the first byte of a double-byte character.
+bool EndsInHalfACharacter(std::string_view text) noexcept {
+    std::size_t next = 0;
+    while (next < text.size())
+        next += IsDBCSLeadByteEx(CP_THREAD_ACP, static_cast<BYTE>(text[next])) ? 2 : 1;
+    return next > text.size();
+}
+
+}  // namespace
 
 void CellText::Assign(std::wstring_view text) noexcept {
     const std::size_t counting = std::min(text.size(), longestCellText);
@@ -17,6 +28,9 @@ void CellText::Assign(std::wstring_view text) noexcept {
                                             static_cast<int>(std::min(text.size(), longestWideText)),
                                             bytes_.data(), static_cast<int>(bytes_.size()), nullptr, nullptr);
     size_ = CutCellText({bytes_.data(), static_cast<std::size_t>(written)}).size();
+    // The registry doesn't keep half a character: a filter on such a text would hide its own row.
+    if (EndsInHalfACharacter(View()))
+        --size_;
 }
 
 void CellText::Assign(const Variant& value) noexcept {

@@ -9,8 +9,8 @@
 
 namespace nux {
 
-/// A value of a dimension file in the thread's ANSI code page, as far as it counts: its first 127 bytes. It
-/// allocates nothing.
+/// A value of a dimension file in the thread's ANSI code page, as far as it counts: its first 127 bytes, less
+/// one that would be half a character. It allocates nothing.
 class CellText {
 public:
     void Assign(std::wstring_view text) noexcept;

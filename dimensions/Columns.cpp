@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "resources/resource.h"
+
 namespace nux {
 
 ColumnDrop DropColumn(const std::vector<int>& order, int column, std::optional<int> newOrder) {
@@ -32,15 +34,15 @@ std::optional<std::vector<int>> StoredColumnOrder(const std::vector<StoredColumn
 }
 
 std::array<ColumnMenuItem, 7> ColumnMenu(bool numericColumn, bool filterActive) {
-    constexpr ColumnMenuItem separator{nullptr, ColumnCommand::Cancel, -1, true};
+    constexpr ColumnMenuItem separator{nullptr, ColumnCommand::Cancel, 0, true};
     return {{
-        {"Define filter...", ColumnCommand::DefineFilter, 0, numericColumn},
-        {"Turn off filter", ColumnCommand::TurnOffFilter, 1, filterActive},
+        {"Define filter...", ColumnCommand::DefineFilter, IDI_FILTER, numericColumn},
+        {"Turn off filter", ColumnCommand::TurnOffFilter, IDI_FILTER_OFF, filterActive},
         separator,
-        {"Sort in ascending order", ColumnCommand::SortAscending, 2, true},
-        {"Sort in descending order", ColumnCommand::SortDescending, 3, true},
+        {"Sort in ascending order", ColumnCommand::SortAscending, IDI_SORT_ASCENDING, true},
+        {"Sort in descending order", ColumnCommand::SortDescending, IDI_SORT_DESCENDING, true},
         separator,
-        {"Cancel", ColumnCommand::Cancel, -1, true},
+        {"Cancel", ColumnCommand::Cancel, 0, true},
     }};
 }
 

@@ -7,6 +7,17 @@
 
 namespace nux {
 
+// A column is one of the list, by its index from 0, wherever it stands. Column 0 is that of the markers;
+// behind it comes one for each dimension, which counts from 0 as well.
+
+constexpr int ColumnOf(int dimension) {
+    return dimension + 1;
+}
+
+constexpr int DimensionOf(int column) {
+    return column - 1;
+}
+
 /// What a column that was dragged and let go in the header leads to.
 struct ColumnDrop {
     bool allowed;
@@ -15,8 +26,8 @@ struct ColumnDrop {
 };
 
 /// Decides on a drop. `order` is the order array of the list, `column` the dragged column, `newOrder` the
-/// position that it was dropped at, if the header told one. Column 0 stays where it is and nothing comes to
-/// stand before it. A position that the array doesn't have (-1 for a drop outside the header) is refused.
+/// position that it was dropped at, if the header told one. Column 0 stays where it is, and no other can be
+/// put before it. A position that the array doesn't have (-1 for a drop outside the header) is refused.
 ColumnDrop DropColumn(const std::vector<int>& order, int column, std::optional<int> newOrder);
 
 /// What the stored layout says of one list column.
@@ -44,7 +55,7 @@ enum class ColumnCommand : unsigned {
 struct ColumnMenuItem {
     const char* text;       ///< English text, to be localised from the common catalogue; null: a separator.
     ColumnCommand command;  ///< Cancel for a separator.
-    int image;              ///< 0 to 3: filter, filter turned off, ascending, descending; -1 for none.
+    int icon;               ///< Resource of the picture beside it, 0 for none.
     bool enabled;
 };
 

@@ -1,5 +1,6 @@
 #include "dimensions/DimensionRows.h"
 
+#include "dimensions/Columns.h"
 #include "dimensions/DimNumber.h"
 
 namespace nux {
@@ -10,7 +11,7 @@ static_assert(longestCellText <= 0xff, "the length of a cell takes one byte");
 }  // namespace
 
 void DimensionRows::Add(IXMLDOMNode* node, const std::vector<std::string>& cells) {
-    const std::size_t start = cells_.size();
+    const auto start = cells_.size();
     for (const std::string& cell : cells) {
         const std::string_view kept = CutCellText(cell);
         cells_.push_back(static_cast<char>(kept.size()));
@@ -32,10 +33,10 @@ ComPtr<IXMLDOMNode> DimensionRows::Find(LPARAM node) const noexcept {
     return nullptr;
 }
 
-std::string_view DimensionRows::Cell(std::size_t row, std::size_t dimension) const noexcept {
-    std::size_t at = rows_[row].cells;
+std::string_view DimensionRows::Cell(int row, int column) const noexcept {
+    auto at = rows_[row].cells;
     const auto length = [&] { return static_cast<std::size_t>(static_cast<unsigned char>(cells_[at])); };
-    for (; dimension > 0; --dimension)
+    for (int dimension = DimensionOf(column); dimension > 0; --dimension)
         at += 1 + length();
     return {cells_.data() + at + 1, length()};
 }

@@ -4,7 +4,6 @@
 
 #include <msxml2.h>
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,9 +12,9 @@
 
 namespace nux {
 
-/// The rows that stand in the chooser's list, in the order in which they were added. It owns the list's
-/// references on the row nodes, and keeps the texts of the cells for the one who needs those of many rows:
-/// asking the list for them costs as much as sorting it.
+/// The rows of the chooser's list, in the order in which they were added. It owns the list's references on
+/// the row nodes. It keeps the texts of the cells too, for whoever needs many of them: asking the list for
+/// them takes as long as sorting it.
 class DimensionRows {
 public:
     /// Adds a row with its cells, one for each dimension. Of a cell its first 127 bytes are kept.
@@ -25,21 +24,22 @@ public:
     /// Lets go of all rows.
     void Clear() noexcept;
 
-    std::size_t Count() const noexcept { return rows_.size(); }
-    IXMLDOMNode* Node(std::size_t row) const noexcept { return rows_[row].node.Get(); }
-    /// The row whose node is known by this number, or null: the number is a list's, where others may have set
-    /// it.
+    int Count() const noexcept { return static_cast<int>(rows_.size()); }
+    IXMLDOMNode* Node(int row) const noexcept { return rows_[row].node.Get(); }
+    /// The node that the list knows by this number, its item data; null if that is none of the rows' nodes,
+    /// since any program can set a list's item data.
     ComPtr<IXMLDOMNode> Find(LPARAM node) const noexcept;
-    std::string_view Cell(std::size_t row, std::size_t dimension) const noexcept;
+    /// A cell by the column in which the list shows it, from 1 on.
+    std::string_view Cell(int row, int column) const noexcept;
 
 private:
     struct Row {
         ComPtr<IXMLDOMNode> node;
-        std::size_t cells;  ///< where the row's cells start in cells_
+        std::string::size_type cells;  ///< where the row's cells start in cells_
     };
 
     std::vector<Row> rows_;
-    std::string cells_;  ///< of each cell its length in one byte, and its text
+    std::string cells_;  ///< for each cell one byte with its length, then its text
 };
 
 }  // namespace nux

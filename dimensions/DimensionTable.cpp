@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "dimensions/CellText.h"
@@ -11,16 +12,23 @@
 #include "environment/Localisation.h"
 #include "environment/XMLAccess.h"
 #include "framework/DebugOutput.h"
+#include "framework/Icons.h"
+#include "resources/resource.h"
 
 namespace nux {
 namespace {
 
-// Images of the list: only the user's rows are marked. That of the standard rows doesn't exist.
-constexpr int userRowImage = 0;
-constexpr int standardRowImage = 1;
+// The images of the list: only the user's rows are marked, that of the others doesn't exist.
+enum ListImage { UserRowImage, StandardRowImage };
+UniqueImageList LoadListImages() noexcept {
+    return LoadSmallIcons({IDI_USER_ROW});
+}
 
-/// Image of the marker column in the list of the header.
-constexpr int markerHeaderImage = 1;
+// The images of the header.
+enum HeaderImage { FilterImage, MarkerImage };
+UniqueImageList LoadHeaderImages() noexcept {
+    return LoadSmallIcons({IDI_FILTER, IDI_USER_ROW});
+}
 constexpr int headerBitmapMargin = 2;
 
 /// The caption's message ID: the first text inside the node, or its name if there is none.
@@ -38,6 +46,9 @@ DimensionTable::DimensionTable(std::string catalogId, IXMLDOMNodeList* names, IX
 void DimensionTable::InitColumns(const ListView& list) {
     list_ = &list;
     dimensions_.clear();
+    list.SetImages(LoadListImages());
+    headerImages_ = LoadHeaderImages();
+    Header_SetImageList(list.Header(), headerImages_.Get());
     InsertMarkerColumn();
     ForEachNode(names_.Get(), [&](IXMLDOMNode* node) {
         Bstr name;
@@ -54,7 +65,7 @@ void DimensionTable::InsertMarkerColumn() {
     HDITEMA item{};
     item.mask = HDI_FORMAT | HDI_IMAGE;
     item.fmt = HDF_STRING | HDF_IMAGE;
-    item.iImage = markerHeaderImage;
+    item.iImage = MarkerImage;
     SendMessageA(list_->Header(), HDM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
     Header_SetBitmapMargin(list_->Header(), headerBitmapMargin);
 }
@@ -70,6 +81,13 @@ void DimensionTable::InsertDimension(IXMLDOMNode* node, Bstr name) {
 bool DimensionTable::AllFiltersInactive() const noexcept {
     return std::all_of(dimensions_.begin(), dimensions_.end(),
                        [](const Dimension& dimension) { return dimension.filter.IsInactive(); });
+}
+
+void DimensionTable::ShowFormat(int column) const noexcept {
+    const Dimension& dimension = At(column);
+    list_->SetColumnFormat(column,
+                           dimension.filter.IsInactive() ? std::nullopt : std::optional<int>(FilterImage),
+                           dimension.numeric);
 }
 
 void DimensionTable::FillRows() {
@@ -115,13 +133,12 @@ DimensionTable::RowState DimensionTable::ReadRow(IXMLDOMNode* row, std::uint32_t
 }
 
 void DimensionTable::InsertRow(IXMLDOMNode* row, std::uint32_t source) {
-    const int index = static_cast<int>(rows_.Count());
+    const int index = rows_.Count();
     rows_.Add(row, cells_);
     list_->InsertRow(index, reinterpret_cast<LPARAM>(row),
-                     source == DatabaseUser ? userRowImage : standardRowImage);
-    int column = 0;
-    for (const std::string& cell : cells_)
-        list_->SetCell(index, ++column, cell);
+                     source == DatabaseUser ? UserRowImage : StandardRowImage);
+    for (int column = 1; column < ColumnCount(); ++column)
+        list_->SetCell(index, column, cells_[DimensionOf(column)]);
 }
 
 void DimensionTable::CollectColumnValues(const Bstr& name, IXMLDOMNodeList* rows,

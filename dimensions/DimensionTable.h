@@ -9,10 +9,12 @@
 #include <string>
 #include <vector>
 
+#include "dimensions/Columns.h"
 #include "dimensions/DimensionRows.h"
 #include "dimensions/DistinctValues.h"
 #include "dimensions/nuxDimFilter.h"
 #include "framework/ComPtr.h"
+#include "framework/Handles.h"
 #include "framework/ListView.h"
 #include "framework/Text.h"
 
@@ -23,15 +25,13 @@ struct Dimension {
     Bstr name;            ///< of the attribute, or child element, that holds its value in a row
     std::string caption;  ///< in the interface language
     nuxDimFilter filter;
-    bool numeric =
-        true;  ///< until a row that reaches this cell proves otherwise, and never again from there on
+    /// Until a cell that is no number has been read; from then on it is a column of texts for good.
+    bool numeric = true;
 };
 
-/// The data of the dimension chooser's list view: one column for each dimension, behind a narrow column of
-/// markers without a text, and one row for each size that all filters accept, those of the standard source
-/// before those of the user's. A row is known by its node, which is the item's data.
-///
-/// `column` counts the columns of the list, so that dimensions start at 1.
+/// What the list of the dimension chooser shows: one column for each dimension, behind a narrow column of
+/// markers without a text, and one row for each size that all filters accept. Rows of the standard source
+/// come before those of the user's. A row is known by its node, which is the item's data.
 class DimensionTable {
 public:
     /// @param catalogId  catalogue whose messages translate captions and texts
@@ -41,16 +41,20 @@ public:
     DimensionTable(std::string catalogId, IXMLDOMNodeList* names, IXMLDOMNodeList* stdRows,
                    IXMLDOMNodeList* usrRows);
 
-    /// Makes the columns in an empty list view. It is used by all that follows and must live as long.
-    /// Throws std::bad_alloc, as all that follows.
+    /// Makes the columns in an empty list view and gives it and its header their images. The list must live
+    /// as long as the table is used. Throws std::bad_alloc, as all below.
     void InitColumns(const ListView& list);
 
-    int ColumnCount() const noexcept { return static_cast<int>(dimensions_.size()) + 1; }
+    int ColumnCount() const noexcept { return ColumnOf(static_cast<int>(dimensions_.size())); }
     /// Whether the column is one of a dimension.
     bool IsDimension(int column) const noexcept { return column >= 1 && column < ColumnCount(); }
-    const Dimension& At(int column) const noexcept { return dimensions_[column - 1]; }
-    void SetFilter(int column, const nuxDimFilter& filter) { dimensions_[column - 1].filter = filter; }
+    const Dimension& At(int column) const noexcept { return dimensions_[DimensionOf(column)]; }
+    void SetFilter(int column, const nuxDimFilter& filter) {
+        dimensions_[DimensionOf(column)].filter = filter;
+    }
     bool AllFiltersInactive() const noexcept;
+    /// Shows in a column's caption whether it has an active filter, and aligns the column by its kind.
+    void ShowFormat(int column) const noexcept;
 
     /// Deletes the rows of the list, and fills it with those of both sources that pass all filters. The
     /// caller pauses the redrawing.
@@ -58,7 +62,7 @@ public:
 
     /// The rows in the list, as they came from the sources. A sort of the list changes nothing here.
     const DimensionRows& Rows() const noexcept { return rows_; }
-    /// Lets go of the rows. The list's item data is worthless from there on.
+    /// Lets go of the rows. After that the list's item data means nothing.
     void ReleaseRows() noexcept { rows_.Clear(); }
 
     /// The distinct values of a column over all rows of both sources, be they shown or not, ascending. A row
@@ -74,7 +78,7 @@ private:
     void InsertMarkerColumn();
     void InsertDimension(IXMLDOMNode* node, Bstr name);
     void FillRows(IXMLDOMNodeList* rows, std::uint32_t source);
-    /// Reads a row into cells_ and checks it against the filters. The first cell that is refused ends that.
+    /// Reads a row into cells_ until a filter refuses a cell.
     RowState ReadRow(IXMLDOMNode* row, std::uint32_t source);
     void InsertRow(IXMLDOMNode* row, std::uint32_t source);
     void CollectValues(int column, DistinctValues& values) const;
@@ -85,6 +89,7 @@ private:
     ComPtr<IXMLDOMNodeList> stdRows_;
     ComPtr<IXMLDOMNodeList> usrRows_;
     const ListView* list_ = nullptr;
+    UniqueImageList headerImages_;  ///< a header doesn't own its images
     std::vector<Dimension> dimensions_;
     DimensionRows rows_;
     std::vector<std::string> cells_;  ///< of the row that is being read

@@ -2,16 +2,27 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 namespace nux {
+namespace {
+
+/// The length of a side, cut to one that still leaves room for a frame and a place on the screen. So wide
+/// only a text of many millions of characters is, of which a screen shows the start.
+int Side(std::size_t count, int pixels) {
+    constexpr std::uint64_t longest = 1 << 30;
+    return static_cast<int>(std::min(std::uint64_t{count} * pixels, longest));
+}
+
+}  // namespace
 
 QuickFilterGeometry::QuickFilterGeometry(const std::vector<std::string>& strings, int characterHeight,
                                          int widestCharacter)
-    : rowHeight_(characterHeight), rowCount_(static_cast<int>(strings.size())) {
+    : rowHeight_(characterHeight), listHeight_(Side(strings.size(), characterHeight)) {
     std::size_t longest = 0;
     for (const std::string& string : strings)
         longest = std::max(longest, string.size());
-    width_ = (static_cast<int>(longest) + 2) * widestCharacter;
+    width_ = Side(longest + 2, widestCharacter);
 }
 
 int QuickFilterGeometry::RowAt(PixelPoint pointer, const PixelRectangle& pager, std::int16_t y) const {

@@ -24,7 +24,7 @@ public:
     int RowHeight() const { return rowHeight_; }
 
     /// The whole list.
-    PixelSize ListSize() const { return {width_, rowHeight_ * rowCount_}; }
+    PixelSize ListSize() const { return {width_, listHeight_}; }
 
     /// The part of it that can be seen.
     PixelSize PagerSize() const { return {width_, rowHeight_ * visibleRows}; }
@@ -51,7 +51,7 @@ public:
 private:
     int width_;
     int rowHeight_;
-    int rowCount_;
+    int listHeight_;
 };
 
 /// The top-left corner that brings a client point under the pointer. `clientPoint` is where that point is on

@@ -12,7 +12,7 @@ LRESULT SizeList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (notification.hwndFrom != Header())
                 break;
             // Wine 8.0 leaves the place of a dragged header unpainted, and the frame around it
-            // (SizeListTest.NothingOfTheDraggedCaptionStays).
+            // (Columns.NothingOfTheDraggedCaptionStays).
             if (notification.code == static_cast<UINT>(NM_RELEASEDCAPTURE))
                 RedrawWindow(GetParent(Handle()), nullptr, nullptr,
                              RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);

@@ -10,7 +10,7 @@
 namespace nux {
 
 /// The list view of the dimension chooser: what it does beyond the control itself. The marker column 0 can be
-/// neither sized nor moved, and no column comes to stand before it.
+/// neither sized nor moved, and no other column can be put before it.
 class SizeList : public ListView {
 public:
     /// The user pressed the right button on a cell of a column from 1 on.

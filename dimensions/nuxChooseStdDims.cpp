@@ -18,7 +18,6 @@
 #include "environment/Environment.h"
 #include "environment/Localisation.h"
 #include "environment/XMLAccess.h"
-#include "framework/Icons.h"
 #include "framework/RedrawPause.h"
 #include "resources/resource.h"
 
@@ -27,9 +26,6 @@ namespace {
 
 constexpr DWORD listStyle = LVS_EX_SUBITEMIMAGES | LVS_EX_HEADERDRAGDROP | LVS_EX_FULLROWSELECT |
                             LVS_EX_ONECLICKACTIVATE | LVS_EX_UNDERLINEHOT | LVS_EX_LABELTIP;
-
-/// Image of a column with an active filter in the list of the header.
-constexpr int filterHeaderImage = 0;
 
 }  // namespace
 
@@ -81,7 +77,9 @@ std::optional<LRESULT> nuxChooseStdDims::OnNotify(const NMHDR& notification) {
         case LVN_COLUMNCLICK:
             ShowColumnMenu(reinterpret_cast<const NMLISTVIEW&>(notification).iSubItem);
             return 0;
-        case NM_DBLCLK:  // wherever it fell: the selected row is taken
+        case NM_DBLCLK:
+            // Wherever it fell: the selected row is taken. The first click of one that falls beside the rows
+            // has left none.
             TakeSelectedRow();
             End(IDOK);
             return 0;
@@ -95,11 +93,8 @@ std::optional<LRESULT> nuxChooseStdDims::OnNotify(const NMHDR& notification) {
 void nuxChooseStdDims::OnInitDialog() {
     list_.Attach(Item(IDC_SIZES));
     list_.SetExtendedStyle(listStyle);
-    list_.SetImages(LoadSmallIcons({IDI_USER_ROW}));
     const HWND header = list_.Header();
     SetWindowLongPtrA(header, GWL_STYLE, GetWindowLongPtrA(header, GWL_STYLE) | HDS_HOTTRACK);
-    headerImages_ = LoadSmallIcons({IDI_FILTER, IDI_USER_ROW});  // the header doesn't own its images
-    Header_SetImageList(header, headerImages_.Get());
     StartLayout({{list_.Handle(), growsWide | growsTall},
                  {Item(IDC_ALL_FILTERS_OFF), movesRight | movesDown},
                  {Item(IDOK), movesRight | movesDown},
@@ -113,7 +108,7 @@ void nuxChooseStdDims::OnInitDialog() {
         table_.FillRows();
     }
     for (int column = 1; column < table_.ColumnCount(); ++column)
-        SetColumnFormat(column);
+        table_.ShowFormat(column);
     LoadLayout();
     SelectDefaultRow();
 }
@@ -149,16 +144,17 @@ int nuxChooseStdDims::DefaultRow() const {
         wanted.emplace_back(text.View());
     }
     const DimensionRows& rows = table_.Rows();
-    const auto matches = [&](std::size_t row) {
-        for (std::size_t dimension = 0; dimension < wanted.size(); ++dimension) {
-            if (!wanted[dimension].empty() && wanted[dimension] != rows.Cell(row, dimension))
+    const auto matches = [&](int row) {
+        for (int column = 1; column < table_.ColumnCount(); ++column) {
+            const std::string& text = wanted[DimensionOf(column)];
+            if (!text.empty() && text != rows.Cell(row, column))
                 return false;
         }
         return true;
     };
-    for (std::size_t row = 0; row < rows.Count(); ++row) {
+    for (int row = 0; row < rows.Count(); ++row) {
         if (matches(row))
-            return static_cast<int>(row);
+            return row;
     }
     return 0;
 }
@@ -219,7 +215,7 @@ void nuxChooseStdDims::ApplyColumnFilter(int column, const nuxDimFilter& filter,
         if (sortMode != SortModeNone)
             Sort(column, true, sortMode == SortModeAscending);
     }
-    SetColumnFormat(column);
+    table_.ShowFormat(column);
     if (!filter.IsInactive())
         EnableAllFiltersOff(true);
     else if (table_.AllFiltersInactive())
@@ -234,7 +230,7 @@ void nuxChooseStdDims::TurnOffAllFilters() {
             continue;
         filter.SetNumber(FilterNone, 0.0, 0.0, DatabaseBoth);
         table_.SetFilter(column, filter);
-        SetColumnFormat(column);
+        table_.ShowFormat(column);
         changed = true;
     }
     if (changed) {
@@ -242,13 +238,6 @@ void nuxChooseStdDims::TurnOffAllFilters() {
         table_.FillRows();
     }
     EnableAllFiltersOff(false);
-}
-
-void nuxChooseStdDims::SetColumnFormat(int column) {
-    const Dimension& dimension = table_.At(column);
-    list_.SetColumnFormat(
-        column, dimension.filter.IsInactive() ? std::nullopt : std::optional<int>(filterHeaderImage),
-        dimension.numeric);
 }
 
 void nuxChooseStdDims::EnableAllFiltersOff(bool enable) {
@@ -260,17 +249,17 @@ void nuxChooseStdDims::EnableAllFiltersOff(bool enable) {
 }
 
 void nuxChooseStdDims::Sort(int column, bool numeric, bool ascending) {
-    nuxLVSort(list_, table_.Rows(), static_cast<unsigned>(column), numeric).Sort(ascending);
+    nuxLVSort(list_, table_.Rows(), column, numeric).Sort(ascending);
 }
 
 void nuxChooseStdDims::ShowColumnMenu(int column) {
     if (!table_.IsDimension(column))
         return;
-    CMenuExImpl menu(LoadSmallIcons({IDI_FILTER, IDI_FILTER_OFF, IDI_SORT_ASCENDING, IDI_SORT_DESCENDING}));
+    CMenuExImpl menu;
     for (const ColumnMenuItem& item :
          ColumnMenu(table_.At(column).numeric, !table_.At(column).filter.IsInactive())) {
         if (item.text)
-            menu.AppendItem(static_cast<UINT>(item.command), GetLocalizedMessage("", item.text), item.image,
+            menu.AppendItem(static_cast<UINT>(item.command), GetLocalizedMessage("", item.text), item.icon,
                             item.enabled);
         else
             menu.AppendSeparator();

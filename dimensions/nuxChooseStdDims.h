@@ -12,7 +12,6 @@
 #include "dimensions/FilterFields.h"
 #include "dimensions/SizeList.h"
 #include "framework/ComPtr.h"
-#include "framework/Handles.h"
 #include "framework/ResizableDialog.h"
 
 namespace nux {
@@ -62,7 +61,6 @@ private:
     /// Replaces the filter of a column and fills the list anew.
     void ApplyColumnFilter(int column, const nuxDimFilter& filter, SortMode sortMode);
     void TurnOffAllFilters();
-    void SetColumnFormat(int column);
     void EnableAllFiltersOff(bool enable);
     void Sort(int column, bool numeric, bool ascending);
 
@@ -75,7 +73,6 @@ private:
     ComPtr<IXMLDOMNode> chosen_;
     DimensionSettings settings_;
     SizeList list_;
-    UniqueImageList headerImages_;
 };
 
 }  // namespace nux

@@ -51,6 +51,11 @@ template <class Value, std::size_t count>
 void Check(HWND dialog, const Choice<Value> (&choices)[count], Value value) noexcept {
     for (const Choice<Value>& choice : choices)
         CheckDlgButton(dialog, choice.control, choice.value == value ? BST_CHECKED : BST_UNCHECKED);
+    if (CheckedOf(dialog, choices))
+        return;
+    // A button that is unchecked loses its tab stop, and the keyboard would pass by a group without any.
+    const HWND first = GetDlgItem(dialog, choices[0].control);
+    SetWindowLongPtrA(first, GWL_STYLE, GetWindowLongPtrA(first, GWL_STYLE) | WS_TABSTOP);
 }
 
 /// The text of a field, as far as it counts.

@@ -17,7 +17,7 @@ public:
     /// @param column   list column whose cells are the keys, from 1 on
     /// @param numeric  compare the numbers at the start of the cells instead of their texts
     /// Both list and rows must outlive the object. Does no work yet.
-    nuxLVSort(const ListView& list, const DimensionRows& rows, unsigned column, bool numeric) noexcept
+    nuxLVSort(const ListView& list, const DimensionRows& rows, int column, bool numeric) noexcept
         : list_(list), rows_(rows), column_(column), numeric_(numeric) {}
     virtual ~nuxLVSort() = default;
 
@@ -30,7 +30,7 @@ private:
 
     const ListView& list_;
     const DimensionRows& rows_;
-    unsigned column_;
+    int column_;
     bool numeric_;
 };
 

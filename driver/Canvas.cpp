@@ -1,6 +1,7 @@
 #include "driver/Canvas.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace driver {
 namespace {
@@ -65,10 +66,19 @@ Picture DrawnImage(HIMAGELIST images, int index, COLORREF background) {
 }
 
 bool Contains(const Picture& picture, const Picture& part) {
+    return ContainsNearly(picture, part, 0);
+}
+
+bool ContainsNearly(const Picture& picture, const Picture& part, int difference) {
+    const auto isNear = [&](int one, int other) { return std::abs(one - other) <= difference; };
+    const auto alike = [&](COLORREF one, COLORREF other) {
+        return isNear(GetRValue(one), GetRValue(other)) && isNear(GetGValue(one), GetGValue(other)) &&
+               isNear(GetBValue(one), GetBValue(other));
+    };
     const auto standsAt = [&](int left, int top) {
         for (int y = 0; y < part.height; ++y)
             for (int x = 0; x < part.width; ++x)
-                if (picture.At(left + x, top + y) != part.At(x, y))
+                if (!alike(picture.At(left + x, top + y), part.At(x, y)))
                     return false;
         return true;
     };

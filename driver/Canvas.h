@@ -37,5 +37,7 @@ Picture DrawnImage(HIMAGELIST images, int index, COLORREF background);
 
 /// Whether all pixels of `part` stand somewhere in the picture.
 bool Contains(const Picture& picture, const Picture& part);
+/// The same, where each part of a colour may differ by so much.
+bool ContainsNearly(const Picture& picture, const Picture& part, int difference);
 
 }  // namespace driver

@@ -135,6 +135,14 @@ void ReleasePointer(PointerButton button) {
     WaitForKey(KeyOf(button), false);
 }
 
+void DoubleClickPointer() {
+    PressPointer(PointerButton::Left);
+    ReleasePointer(PointerButton::Left);
+    SendButton(PointerButton::Left, true);
+    WaitForKey(VK_LBUTTON, true);
+    ReleasePointer(PointerButton::Left);
+}
+
 HeldKey::HeldKey(WORD virtualKey) : virtualKey_(virtualKey) {
     SendKey(virtualKey_, true);
     WaitForKey(virtualKey_, true);

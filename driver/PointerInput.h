@@ -24,6 +24,8 @@ enum class PointerButton { Left, Right };
 /// double click.
 void PressPointer(PointerButton button);
 void ReleasePointer(PointerButton button);
+/// Presses the left button twice where the pointer is, fast enough for a double click.
+void DoubleClickPointer();
 
 /// Holds a key down for as long as it lives: a letter, VK_SHIFT, VK_CONTROL or VK_MENU.
 class HeldKey {

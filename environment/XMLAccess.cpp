@@ -121,7 +121,8 @@ ComPtr<IXMLDOMDocument> MakeXMLDocument(const std::string& path, const wchar_t* 
     if (!document || FAILED(document->createElement(Bstr(root).Get(), element.Receive())) ||
         FAILED(document->appendChild(element.Get(), nullptr)))
         return nullptr;
-    // To the path and not to the URL: Wine 8.0 doesn't save to one (DimensionDocumentTest.MakesTheFile).
+    // To the path and not to the URL: Wine 8.0 doesn't save to one
+    // (DimensionDocument.IsMadeWithARootAndNothingElse).
     const Variant target(path);
     document->save(target.Get());
     const std::string url = FileURL(path);

@@ -71,10 +71,12 @@ std::string GetNodeAttribute(IXMLDOMNode* node, const char* name);
 /// @return null if the catalogue can't be loaded, has no such part, or the ID holds an apostrophe
 ComPtr<IXMLDOMNode> FindComponentNode(const std::string& catalogId, const std::string& componentId);
 
-// Walks. They find what the DOM's own selection language finds, which goes by whole node names (a default
-// namespace makes no difference; it would for a document that its page has switched to XPath); the cost is a
-// tenth, and a name that makes no well-formed expression, which Wine 8.0 does not survive, just finds
-// nothing.
+// Walks. They find what the DOM's own selection finds by a whole node name, at a tenth of its cost, and a
+// name that makes no well-formed expression, which Wine 8.0 does not survive, just finds nothing. They find
+// more than a selection where that serves the user (XMLAccessTest.cpp): names beyond the code page, in which
+// an expression would have to be written; names in a default namespace, and with a prefix that nobody has
+// declared for selections, in a document that its page has switched to XPath; the text of an attribute that a
+// schema types, whose typed value would be no string. Default attributes of a document type count as written.
 
 /// Whether the node has this name, prefix and all.
 bool IsNamed(IXMLDOMNode* node, std::wstring_view name) noexcept;

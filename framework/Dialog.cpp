@@ -40,7 +40,7 @@ void Dialog::End(INT_PTR code) noexcept {
 }
 
 void Dialog::SetIcon(UINT icon) noexcept {
-    icon_ = LoadSmallIcon(icon);
+    icon_ = LoadCaptionIcon(icon);
     SendMessageA(handle_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.Get()));
 }
 

@@ -22,7 +22,7 @@ void ListView::InsertColumn(int column, int format, int width, const std::string
 
 void ListView::SetColumnFormat(int column, std::optional<int> image, bool centred) const noexcept {
     // On Windows the alignment of the header's item is that of the cells too. Wine 8.0 keeps one for each,
-    // and cells of a column of texts would stay centred (TemplateTest.TheCellsFollowTheAlignmentOfTheHeader).
+    // and cells of a column of texts would stay centred (Table.AlignsItsColumnsAsTheirCaptions).
     LVCOLUMNA cells{};
     cells.mask = LVCF_FMT;
     cells.fmt = centred ? LVCFMT_CENTER : LVCFMT_LEFT;

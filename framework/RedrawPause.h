@@ -4,8 +4,9 @@
 
 namespace nux {
 
-/// Keeps a control from redrawing itself while many of its items change. Only for a control that has its own
-/// WS_VISIBLE style, be its dialog shown yet or not: the end of the pause sets that style.
+/// Keeps a control from redrawing itself while many of its items change. A control without the WS_VISIBLE
+/// style is left alone: the end of the pause would show it. That the control's dialog is not shown yet
+/// doesn't matter.
 class RedrawPause {
 public:
     explicit RedrawPause(HWND control) noexcept

@@ -39,7 +39,7 @@ nux_layer_tests(framework)
 compile_idl(framework_tests framework/Sample.idl HEADER Sample.h TYPELIB Sample.tlb)
 target_sources(framework_tests PRIVATE framework/SampleGuids.cpp framework/framework_tests.rc)
 set_source_files_properties(framework/framework_tests.rc PROPERTIES
-    INCLUDE_DIRECTORIES "${CMAKE_CURRENT_SOURCE_DIR}/framework;${PROJECT_BINARY_DIR}/generated/framework_tests"
+    INCLUDE_DIRECTORIES "${PROJECT_SOURCE_DIR};${CMAKE_CURRENT_SOURCE_DIR}/framework;${PROJECT_BINARY_DIR}/generated/framework_tests"
     OBJECT_DEPENDS "${PROJECT_BINARY_DIR}/generated/framework_tests/Sample.tlb;${CMAKE_CURRENT_SOURCE_DIR}/framework/sample.rgs")
 
 nux_layer_tests(environment EXCEPT "/(HugeFiles|InterfaceLanguage|DoubleByte)Test\\.cpp$")

@@ -8,6 +8,8 @@
 #include "driver/Waiting.h"
 #include "resources/resource.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/dimensions/MessageRecorder.h"
+#include "tests/support/TestedThreadWindow.h"
 
 namespace nux {
 namespace {
@@ -15,7 +17,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using driver::PopupMenu;
 
-class ColumnMenuWindow : public DimensionChooserTest {
+class ColumnMenuWindow : public DimensionChooserFixture {
 protected:
     static bool IsEnabled(const PopupMenu& menu, MenuItem item) {
         return menu.IsEnabled(static_cast<int>(item));
@@ -25,7 +27,7 @@ protected:
 TEST_F(ColumnMenuWindow, HasFourActionsWithTheirCommandsAndCancel) {
     Look(Call({{"A"}, {{"1"}}}), [](DimensionChooser& chooser) {
         const PopupMenu menu = chooser.OpenMenu(1);
-        ASSERT_EQ(menu.Count(), 7);
+        ASSERT_EQ(7, menu.Count());
         const char* const texts[] = {
             "Define filter...",         "Turn off filter", nullptr, "Sort in ascending order",
             "Sort in descending order", nullptr,           "Cancel"};
@@ -68,7 +70,7 @@ TEST_F(ColumnMenuWindow, TurnsOffTheFilterOfATextColumn) {
         chooser.Menu(1, MenuItem::TurnOffFilter);
         EXPECT_EQ(chooser.Rows(), (Texts{"x", "y"}));
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
 }
 
 TEST_F(ColumnMenuWindow, OpensAtThePointer) {
@@ -109,7 +111,7 @@ TEST_F(ColumnMenuWindow, ActsOnTheColumnThatWasClickedWhereverItStands) {
     StoreNumber("A", "Order", 2);
     StoreNumber("B", "Order", 1);
     Look(Call({{"A", "B"}, {{"1", "9"}, {"2", "8"}}}), [](DimensionChooser& chooser) {
-        ASSERT_EQ(chooser.List().Order(), (std::vector<int>{0, 2, 1}));
+        ASSERT_EQ((std::vector<int>{0, 2, 1}), chooser.List().Order());
         chooser.Menu(2, MenuItem::SortAscending);
         EXPECT_EQ(chooser.Rows(), (Texts{"2|8", "1|9"}));
     });
@@ -118,7 +120,7 @@ TEST_F(ColumnMenuWindow, ActsOnTheColumnThatWasClickedWhereverItStands) {
 TEST_F(ColumnMenuWindow, ShowsAnImageBesideEachAction) {
     StoreFilter("A", 4, "0");  // so that no item is gray
     Look(Call({{"A"}, {{"1"}}}), [](DimensionChooser& chooser) {
-        // Beside the chooser, as not every system puts a menu of another thread in front at once.
+        // Beside the chooser: Wine 8.0 doesn't always put a menu of another thread in front at once.
         RECT bounds{};
         GetWindowRect(chooser.Window(), &bounds);
         driver::MovePointer({bounds.right + 20, bounds.top});
@@ -140,6 +142,67 @@ TEST_F(ColumnMenuWindow, ShowsAnImageBesideEachAction) {
     });
 }
 
+TEST_F(ColumnMenuWindow, ShowsAPaleImageBesideAnItemThatIsGrey) {
+    Look(Call({{"A"}, {{"x"}}}), [](DimensionChooser& chooser) {
+        RECT bounds{};
+        GetWindowRect(chooser.Window(), &bounds);
+        driver::MovePointer({bounds.right + 20, bounds.top});
+        const PopupMenu menu = chooser.OpenMenu(1);
+        menu.Highlight(static_cast<int>(MenuItem::Cancel));
+        const COLORREF background = GetSysColor(COLOR_MENU);
+        for (const auto& [item, icon] : {std::pair{MenuItem::DefineFilter, IDI_FILTER},
+                                         std::pair{MenuItem::TurnOffFilter, IDI_FILTER_OFF}}) {
+            // Half of the icon's colours, half of the menu's.
+            driver::Picture pale = driver::IconResource(icon, background);
+            for (COLORREF& pixel : pale.pixels)
+                pixel = RGB((GetRValue(pixel) + GetRValue(background)) / 2,
+                            (GetGValue(pixel) + GetGValue(background)) / 2,
+                            (GetBValue(pixel) + GetBValue(background)) / 2);
+            driver::WaitFor("a pale image", [&] {
+                return driver::ContainsNearly(driver::TakePicture(menu.Bounds(static_cast<int>(item))), pale,
+                                              3);
+            });
+        }
+        menu.Escape();
+    });
+}
+
+TEST_F(ColumnMenuWindow, BelongsToTheChooserAndDoesNotTellItWhatIsGoingOn) {
+    Look(Call({{"A"}, {{"1"}}}), [](DimensionChooser& chooser) {
+        MessageRecorder recorder(chooser.Window(), [](UINT message, WPARAM, LPARAM) -> std::string {
+            switch (message) {
+                case WM_ENTERMENULOOP:
+                case WM_INITMENU:
+                case WM_INITMENUPOPUP:
+                case WM_COMMAND:
+                    return std::to_string(message);
+                default:
+                    return {};
+            }
+        });
+        const PopupMenu menu = chooser.OpenMenu(1);
+        EXPECT_EQ(GetWindow(menu.Window(), GW_OWNER), chooser.Window());
+        menu.Choose(static_cast<int>(MenuItem::SortAscending));
+        chooser.User().Settle();
+        EXPECT_EQ(recorder.Take(), Texts{});
+    });
+}
+
+TEST_F(ColumnMenuWindow, DefineFilterRunsUnderTheWindowThatIsActiveThen) {
+    const TestedThreadWindow other;
+    other.Show();
+    const std::function<void()> activate = [&] { SetActiveWindow(other.Handle()); };
+    Look(Call({{"A"}, {{"1"}}}), [&](DimensionChooser& chooser) {
+        const PopupMenu menu = chooser.OpenMenu(1);
+        other.Do(activate);
+        chooser.User().Settle();
+        menu.Choose(static_cast<int>(MenuItem::DefineFilter));
+        const FilterDialog dialog(chooser.User());
+        EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), other.Handle());
+        dialog.Cancel();
+    });
+}
+
 TEST_F(ColumnMenuWindow, DefineFilterOpensTheDialogOnTopAndCancelThereKeepsTheFilter) {
     StoreFilter("A", 1, "1");
     Look(Call({{"A"}, {{"1"}, {"2"}}}), [](DimensionChooser& chooser) {
@@ -152,7 +215,7 @@ TEST_F(ColumnMenuWindow, DefineFilterOpensTheDialogOnTopAndCancelThereKeepsTheFi
         EXPECT_TRUE(chooser.CanTurnOffAll());
         EXPECT_TRUE(IsWindowEnabled(chooser.Window()));
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 1u);
+    EXPECT_EQ(1u, StoredNumber("A", "FilterType"));
 }
 
 TEST_F(ColumnMenuWindow, AFilterThatWasDefinedShowsItsMarkAndNoneTakesItAway) {
@@ -162,13 +225,13 @@ TEST_F(ColumnMenuWindow, AFilterThatWasDefinedShowsItsMarkAndNoneTakesItAway) {
         define.SetLower("2");
         define.Ok();
         EXPECT_EQ(chooser.Rows(), (Texts{"2|1"}));
-        EXPECT_EQ(chooser.List().HeaderImage(1), 0);
+        EXPECT_EQ(0, chooser.List().HeaderImage(1));
         EXPECT_TRUE(chooser.CanTurnOffAll());
         const FilterDialog clear = chooser.DefineFilter(1);
         clear.Check(IDC_FILTER_NONE);
         clear.Ok();
         EXPECT_EQ(chooser.Rows(), (Texts{"1|1", "2|1"}));
-        EXPECT_EQ(chooser.List().HeaderImage(1), -1);
+        EXPECT_EQ(-1, chooser.List().HeaderImage(1));
         EXPECT_FALSE(chooser.CanTurnOffAll());
     });
 }

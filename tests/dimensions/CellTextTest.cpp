@@ -1,92 +1,43 @@
-// How single values are found in a row.
-
 #include "dimensions/CellText.h"
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
-#include "environment/XMLAccess.h"
-#include "tests/support/Dom.h"
+#include "tests/dimensions/DimensionChooserFixture.h"
 
 namespace nux {
 namespace {
 
-std::string TextOf(const Variant& value) {
+std::string TextOf(std::wstring_view wide) {
     CellText text;
-    text.Assign(value);
+    text.Assign(wide);
     return std::string(text.View());
 }
 
-std::optional<std::string> Child(const std::string& row, const wchar_t* name) {
-    Variant value;
-    const bool found = ReadChildElement(RootOf(ParseXml(row)).Get(), name, value);
-    return found ? std::optional<std::string>(TextOf(value)) : std::nullopt;
+TEST(CellText, IsTheFirst127BytesOfAValue) {
+    EXPECT_EQ("12.50", TextOf(L"12.50"));
+    EXPECT_EQ(std::string(127, 'x'), TextOf(std::wstring(127, L'x') + L"y"));
 }
 
-std::optional<std::string> Attribute(const std::string& row, const wchar_t* name) {
-    Variant value;
-    const auto element = RootOf(ParseXml(row)).As<IXMLDOMElement>();
-    const bool found = ReadAttribute(element.Get(), Bstr(name), value);
-    return found ? std::optional<std::string>(TextOf(value)) : std::nullopt;
+TEST(CellText, IsInTheCodePage) {
+    if (DoubleByteCodePage())
+        GTEST_SKIP() << "code page 932 has no umlauts";
+    EXPECT_EQ(
+        "Gr\xF6\xDF"
+        "e \x80",
+        TextOf(L"Gr\u00F6\u00DFe \u20AC"));
+    EXPECT_EQ(std::string(127, '\xF6'), TextOf(std::wstring(200, L'\u00F6')));
 }
 
-/// The text of the node that the DOM itself selects.
-std::optional<std::string> Selected(const std::string& row, const wchar_t* name) {
-    ComPtr<IXMLDOMNode> node;
-    if (RootOf(ParseXml(row))->selectSingleNode(Bstr(name).Get(), node.Receive()) != S_OK)
-        return std::nullopt;
-    Bstr text;
-    node->get_text(text.Receive());
-    return Narrow(text.Get());
+TEST(CellText, EndsBeforeADoubleByteCharacterThatWouldBeCutApart) {
+    if (!DoubleByteCodePage())
+        GTEST_SKIP() << "needs a code page of double-byte characters";
+    const std::wstring wide(200, L'\u8868');
+    EXPECT_EQ(TextOf(wide), TextOf(wide.substr(0, 63)));
+    EXPECT_EQ(126u, TextOf(wide).size());
+    EXPECT_EQ(127u, TextOf(L"x" + wide).size());
 }
 
-TEST(RowValues, ChildElementIsTheOneThatTheDomSelectsByItsName) {
-    struct {
-        const char* row;
-        const wchar_t* name;
-        std::optional<std::string> text;
-    } const cases[] = {
-        {"<s A='1'><A>2</A></s>", L"A", "2"},
-        {"<s><A>first</A><A>second</A></s>", L"A", "first"},
-        {"<s>A<!--A--><x><A>deeper</A></x><?A 1?><A>3</A></s>", L"A", "3"},
-        {"<s><A>1<b>2</b></A></s>", L"A", "12"},
-        {"<s><a>1</a><AA>2</AA></s>", L"A", std::nullopt},
-        {"<s xmlns='u'><A>of a default namespace</A></s>", L"A", "of a default namespace"},
-        {"<s><A xmlns='u'>1</A><A>2</A></s>", L"A", "1"},
-        {"<s xmlns:p='u'><p:A>1</p:A></s>", L"p:A", "1"},
-        {"<s xmlns:p='u'><p:A>1</p:A></s>", L"A", std::nullopt},
-        {"<s/>", L"A", std::nullopt},
-    };
-    for (const auto& [row, name, text] : cases) {
-        EXPECT_EQ(Child(row, name), text) << row;
-        EXPECT_EQ(Selected(row, name), text) << row;
-    }
-}
-
-// Names that not every DOM selects.
-TEST(RowValues, AreFoundByPrefixedNamesAndThoseBeyondAscii) {
-    const char prefixed[] = "<s xmlns:p='u' A='no' p:A='1'><A>no</A><p:A>2</p:A></s>";
-    EXPECT_EQ(Attribute(prefixed, L"p:A"), "1");
-    EXPECT_EQ(Child(prefixed, L"p:A"), "2");
-    EXPECT_EQ(Attribute("<s xmlns:p='u' p:A='1'/>", L"A"), std::nullopt);
-    const char umlaut[] = "<s La='no' L\xC3\xA4='1'><La>no</La><L\xC3\xA4>2</L\xC3\xA4></s>";
-    EXPECT_EQ(Attribute(umlaut, L"L\u00E4"), "1");
-    EXPECT_EQ(Child(umlaut, L"L\u00E4"), "2");
-}
-
-TEST(RowValues, NamesThatMakeNoExpressionFindNothing) {
-    for (const wchar_t* name : {L"#comment", L"A[", L"@", L"A/b", L"*", L"."}) {
-        EXPECT_EQ(Child("<s A='1'><A>1<b/></A></s>", name), std::nullopt) << name;
-        EXPECT_EQ(Attribute("<s A='1'><A>1<b/></A></s>", name), std::nullopt) << name;
-    }
-}
-
-TEST(RowValues, AValueThatIsNoStringReadsAsAnEmptyText) {
-    const std::string typed =
-        "<s xmlns:dt='urn:schemas-microsoft-com:datatypes'><A dt:dt='int'>12</A><B dt:dt='string'>13</B></s>";
-    EXPECT_EQ(Child(typed, L"A"), "");
-    EXPECT_EQ(Child(typed, L"B"), "13");
+TEST(CellText, OfAValueThatIsNoStringIsEmpty) {
     CellText text;
     text.Assign(L"old");
     Variant number;

@@ -45,7 +45,7 @@ public:
         DWORD length = 0;
         while (ReadFile(output_, part, sizeof part, &length, nullptr) && length > 0)
             text.append(part, length);
-        EXPECT_EQ(WaitForSingleObject(process_.hProcess, driver::patience), WAIT_OBJECT_0);
+        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(process_.hProcess, driver::patience));
         return text;
     }
 
@@ -54,40 +54,40 @@ private:
     HANDLE output_ = nullptr;
 };
 
-class Registered : public DimensionChooserTest {};
+class Registered : public DimensionChooserFixture {};
 
 TEST_F(Registered, AScriptGetsTheRowThatItsUserChooses) {
     ConsoleProgram script("cscript.exe /nologo \"" NUX_SCRIPTS "/choose.js\"");
     const HWND first = script.Windows().Dialog("Choose dimensions");
     const driver::ListView list(driver::Item(first, IDC_SIZES));
-    EXPECT_EQ(list.Column(1), (std::vector<std::string>{"1", "2", "3"}));
-    EXPECT_EQ(list.Caption(1), "Length");
-    EXPECT_EQ(list.Selected(), (std::vector<int>{1})) << "the default values tell the row";
+    EXPECT_EQ((std::vector<std::string>{"1", "2", "3"}), list.Column(1));
+    EXPECT_EQ("Length", list.Caption(1));
+    EXPECT_EQ((std::vector<int>{1}), list.Selected()) << "the default values tell the row";
     list.ClickRow(2);
     driver::WaitFor("a selected row", [&] { return list.Selected() == std::vector<int>{2}; });
     driver::Click(driver::Item(first, IDOK));
     driver::WaitUntilGone(first);
     const HWND second = script.Windows().Dialog("Choose dimensions");
-    EXPECT_EQ(driver::ListView(driver::Item(second, IDC_SIZES)).RowCount(), 1);
+    EXPECT_EQ(1, driver::ListView(driver::Item(second, IDC_SIZES)).RowCount());
     driver::Click(driver::Item(second, IDCANCEL));
-    EXPECT_EQ(script.Output(),
-              "no names: 80020005\r\n"
-              "names of another kind: 80070057\r\n"
-              "rows of another kind: 80070057\r\n"
-              "default values of another kind: 80070057\r\n"
-              "chosen: 3\r\n"
-              "cancelled: null\r\n"
-              "still there: s z\r\n");
+    EXPECT_EQ(
+        "no names: 80020005\r\n"
+        "names of another kind: 80070057\r\n"
+        "rows of another kind: 80070057\r\n"
+        "default values of another kind: 80070057\r\n"
+        "chosen: 3\r\n"
+        "cancelled: null\r\n"
+        "still there: s z\r\n",
+        script.Output());
 }
 
 TEST_F(Registered, AClientGetsTheRowAndKeepsItBeyondTheObject) {
     ComPtr<InuxStdParts> parts;
-    ASSERT_EQ(CoCreateInstance(CLSID_nuxStdParts, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,
-                               parts.ReceiveVoid()),
-              S_OK)
+    ASSERT_EQ(S_OK, CoCreateInstance(CLSID_nuxStdParts, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,
+                                     parts.ReceiveVoid()))
         << "the component is not registered";
     const HMODULE module = GetModuleHandleA("nuxStdPartsAX.dll");
-    ASSERT_NE(module, nullptr);
+    ASSERT_NE(nullptr, module);
     const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
         reinterpret_cast<void*>(GetProcAddress(module, "DllCanUnloadNow")));
     const SizeTable table{{"A", "B"}, {{"1", "x"}, {"2", "y"}}};
@@ -100,20 +100,19 @@ TEST_F(Registered, AClientGetsTheRowAndKeepsItBeyondTheObject) {
         rows.CopyTo(&standard.pdispVal);
         WithUser(
             [&] {
-                EXPECT_EQ(parts->ChooseDimensions(nullptr, nullptr, names.Get(), none, standard, none,
-                                                  chosen.Receive()),
-                          S_OK);
+                EXPECT_EQ(S_OK, parts->ChooseDimensions(nullptr, nullptr, names.Get(), none, standard, none,
+                                                        chosen.Receive()));
             },
             [&](driver::User& user) {
                 const DimensionChooser chooser(user);
-                EXPECT_EQ(canUnload(), S_FALSE);
+                EXPECT_EQ(S_FALSE, canUnload());
                 chooser.Menu(1, MenuItem::SortDescending);
                 chooser.Take(0);
             });
     }
     parts.Reset();
-    EXPECT_EQ(canUnload(), S_OK) << "objects of the module are left";
-    EXPECT_EQ(AttributeOf(chosen.As<IXMLDOMNode>(), "B"), "y");
+    EXPECT_EQ(S_OK, canUnload()) << "objects of the module are left";
+    EXPECT_EQ("y", AttributeOf(chosen.As<IXMLDOMNode>(), "B"));
 }
 
 }  // namespace

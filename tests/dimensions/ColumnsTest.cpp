@@ -17,7 +17,7 @@ void ExpectRefused(const ColumnDrop& drop) {
 void ExpectOrder(const ColumnDrop& drop, const std::vector<int>& expected) {
     EXPECT_TRUE(drop.allowed);
     ASSERT_TRUE(drop.order);
-    EXPECT_EQ(*drop.order, expected);
+    EXPECT_EQ(expected, *drop.order);
 }
 
 TEST(DropColumn, TheMarkerColumnStaysWhereItIs) {
@@ -64,13 +64,13 @@ StoredColumn Stored(std::int32_t position) {
 TEST(StoredColumnOrder, EachColumnComesToItsPosition) {
     const auto stored = StoredColumnOrder({Marker(), Stored(3), Stored(1), Stored(2)});
     ASSERT_TRUE(stored);
-    EXPECT_EQ(*stored, (std::vector<int>{0, 2, 3, 1}));
+    EXPECT_EQ((std::vector<int>{0, 2, 3, 1}), *stored);
 }
 
 TEST(StoredColumnOrder, TheMarkerColumnTakesPosition0WhateverIsStored) {
     const auto stored = StoredColumnOrder({{true, 7}, Stored(1)});
     ASSERT_TRUE(stored);
-    EXPECT_EQ(*stored, (std::vector<int>{0, 1}));
+    EXPECT_EQ((std::vector<int>{0, 1}), *stored);
 }
 
 TEST(StoredColumnOrder, OnAFirstOpeningThereIsNoOrder) {
@@ -102,35 +102,36 @@ TEST(StoredColumnOrder, NoColumnsMakeAnEmptyOrder) {
     EXPECT_TRUE(stored->empty());
 }
 
-/// One line for each item: its text ("--" for a separator), command, image, and whether it can be chosen.
+/// One line for each item: its text ("--" for a separator), command, icon, and whether it can be chosen.
 std::string Spelled(bool numericColumn, bool filterActive) {
     std::string text;
     for (const ColumnMenuItem& item : ColumnMenu(numericColumn, filterActive)) {
         text += item.text ? item.text : "--";
-        text += ' ' + std::to_string(static_cast<unsigned>(item.command)) + ' ' + std::to_string(item.image);
+        text += ' ' + std::to_string(static_cast<unsigned>(item.command)) + ' ' + std::to_string(item.icon);
         text += item.enabled ? "\n" : " disabled\n";
     }
     return text;
 }
 
 TEST(ColumnMenu, ANumericColumnWithAnActiveFilterOffersEverything) {
-    EXPECT_EQ(Spelled(true, true),
-              "Define filter... 1 0\n"
-              "Turn off filter 2 1\n"
-              "-- 0 -1\n"
-              "Sort in ascending order 3 2\n"
-              "Sort in descending order 4 3\n"
-              "-- 0 -1\n"
-              "Cancel 0 -1\n");
+    EXPECT_EQ(
+        "Define filter... 1 234\n"
+        "Turn off filter 2 235\n"
+        "-- 0 0\n"
+        "Sort in ascending order 3 232\n"
+        "Sort in descending order 4 233\n"
+        "-- 0 0\n"
+        "Cancel 0 0\n",
+        Spelled(true, true));
 }
 
 TEST(ColumnMenu, ATextColumnDefinesNoFilter) {
-    EXPECT_NE(Spelled(false, true).find("Define filter... 1 0 disabled\nTurn off filter 2 1\n"),
+    EXPECT_NE(Spelled(false, true).find("Define filter... 1 234 disabled\nTurn off filter 2 235\n"),
               std::string::npos);
 }
 
 TEST(ColumnMenu, AnInactiveFilterIsNotTurnedOff) {
-    EXPECT_NE(Spelled(true, false).find("Define filter... 1 0\nTurn off filter 2 1 disabled\n"),
+    EXPECT_NE(Spelled(true, false).find("Define filter... 1 234\nTurn off filter 2 235 disabled\n"),
               std::string::npos);
 }
 

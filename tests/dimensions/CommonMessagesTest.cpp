@@ -6,7 +6,7 @@
 namespace nux {
 namespace {
 
-class CommonMessages : public DimensionChooserTest {};
+class CommonMessages : public DimensionChooserFixture {};
 
 TEST_F(CommonMessages, AreTheTextsOfTheColumnMenu) {
     Translate("COMMON", {{"Define filter...", "Filter bestimmen..."},
@@ -16,11 +16,11 @@ TEST_F(CommonMessages, AreTheTextsOfTheColumnMenu) {
                          {"Cancel", "Abbrechen"}});
     Look(Call({{"A"}, {{"1"}}}), [](DimensionChooser& chooser) {
         const driver::PopupMenu menu = chooser.OpenMenu(1);
-        EXPECT_EQ(menu.Text(0), "Filter bestimmen...");
-        EXPECT_EQ(menu.Text(1), "Filter aus");
-        EXPECT_EQ(menu.Text(3), "Aufsteigend");
-        EXPECT_EQ(menu.Text(4), "Absteigend");
-        EXPECT_EQ(menu.Text(6), "Abbrechen");
+        EXPECT_EQ("Filter bestimmen...", menu.Text(0));
+        EXPECT_EQ("Filter aus", menu.Text(1));
+        EXPECT_EQ("Aufsteigend", menu.Text(3));
+        EXPECT_EQ("Absteigend", menu.Text(4));
+        EXPECT_EQ("Abbrechen", menu.Text(6));
         menu.Escape();
     });
 }

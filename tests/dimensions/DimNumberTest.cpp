@@ -161,8 +161,8 @@ TEST(ReadDimNumber, OnlyTheGivenPartOfATextIsRead) {
 }
 
 TEST(CutCellText, KeepsTheFirst127Bytes) {
-    EXPECT_EQ(CutCellText(""), "");
-    EXPECT_EQ(CutCellText("12.5"), "12.5");
+    EXPECT_EQ("", CutCellText(""));
+    EXPECT_EQ("12.5", CutCellText("12.5"));
     const std::string exact(127, 'a');
     EXPECT_EQ(CutCellText(exact), exact);
     EXPECT_EQ(CutCellText(exact + "b"), exact);
@@ -171,74 +171,74 @@ TEST(CutCellText, KeepsTheFirst127Bytes) {
 
 TEST(CutCellText, CutsADoubleByteCharacterApart) {
     const std::string text = std::string(126, 'a') + "\x83\x41";
-    EXPECT_EQ(CutCellText(text), std::string(126, 'a') + "\x83");
+    EXPECT_EQ(std::string(126, 'a') + "\x83", CutCellText(text));
 }
 
 TEST(FormatDimNumber, AWholeNumberKeepsOneZeroBehindThePoint) {
-    EXPECT_EQ(FormatDimNumber(12.0, "."), "12.0");
-    EXPECT_EQ(FormatDimNumber(0.0, "."), "0.0");
-    EXPECT_EQ(FormatDimNumber(-5.0, "."), "-5.0");
-    EXPECT_EQ(FormatDimNumber(100.0, "."), "100.0");
-    EXPECT_EQ(FormatDimNumber(-0.0, "."), "-0.0");
+    EXPECT_EQ("12.0", FormatDimNumber(12.0, "."));
+    EXPECT_EQ("0.0", FormatDimNumber(0.0, "."));
+    EXPECT_EQ("-5.0", FormatDimNumber(-5.0, "."));
+    EXPECT_EQ("100.0", FormatDimNumber(100.0, "."));
+    EXPECT_EQ("-0.0", FormatDimNumber(-0.0, "."));
 }
 
 TEST(FormatDimNumber, ZerosBehindTheLastOtherDigitAreLeftOut) {
-    EXPECT_EQ(FormatDimNumber(12.5, "."), "12.5");
-    EXPECT_EQ(FormatDimNumber(0.25, "."), "0.25");
-    EXPECT_EQ(FormatDimNumber(100.01, "."), "100.01");
-    EXPECT_EQ(FormatDimNumber(1.000001, "."), "1.000001");
+    EXPECT_EQ("12.5", FormatDimNumber(12.5, "."));
+    EXPECT_EQ("0.25", FormatDimNumber(0.25, "."));
+    EXPECT_EQ("100.01", FormatDimNumber(100.01, "."));
+    EXPECT_EQ("1.000001", FormatDimNumber(1.000001, "."));
 }
 
 TEST(FormatDimNumber, ThePlacesBehindTheSixthAreRounded) {
-    EXPECT_EQ(FormatDimNumber(1234567.8901235, "."), "1234567.890124");
-    EXPECT_EQ(FormatDimNumber(0.0000001, "."), "0.0");
-    EXPECT_EQ(FormatDimNumber(-0.0000001, "."), "-0.0");
-    EXPECT_EQ(FormatDimNumber(0.9999999, "."), "1.0");
+    EXPECT_EQ("1234567.890124", FormatDimNumber(1234567.8901235, "."));
+    EXPECT_EQ("0.0", FormatDimNumber(0.0000001, "."));
+    EXPECT_EQ("-0.0", FormatDimNumber(-0.0000001, "."));
+    EXPECT_EQ("1.0", FormatDimNumber(0.9999999, "."));
     // Exactly in the middle the even digit is taken.
-    EXPECT_EQ(FormatDimNumber(0.0078125, "."), "0.007812");
-    EXPECT_EQ(FormatDimNumber(0.0234375, "."), "0.023438");
+    EXPECT_EQ("0.007812", FormatDimNumber(0.0078125, "."));
+    EXPECT_EQ("0.023438", FormatDimNumber(0.0234375, "."));
 }
 
 TEST(FormatDimNumber, WithACommaAsSeparatorAWholeNumberEndsInThePoint) {
-    EXPECT_EQ(FormatDimNumber(12.0, ","), "12.");
-    EXPECT_EQ(FormatDimNumber(12.5, ","), "12.5");
-    EXPECT_EQ(FormatDimNumber(0.0, ","), "0.");
+    EXPECT_EQ("12.", FormatDimNumber(12.0, ","));
+    EXPECT_EQ("12.5", FormatDimNumber(12.5, ","));
+    EXPECT_EQ("0.", FormatDimNumber(0.0, ","));
 }
 
 TEST(FormatDimNumber, WithoutASeparatorAWholeNumberEndsInThePoint) {
-    EXPECT_EQ(FormatDimNumber(12.0, ""), "12.");
+    EXPECT_EQ("12.", FormatDimNumber(12.0, ""));
 }
 
 TEST(FormatDimNumber, AnyOfSeveralSeparatorsCounts) {
-    EXPECT_EQ(FormatDimNumber(12.0, ",.'"), "12.0");
+    EXPECT_EQ("12.0", FormatDimNumber(12.0, ",.'"));
 }
 
 TEST(FormatDimNumber, AHugeNumberIsCutTo127CharactersBeforeItsZerosAre) {
-    EXPECT_EQ(FormatDimNumber(1e22, "."), "10000000000000000000000.0");
+    EXPECT_EQ("10000000000000000000000.0", FormatDimNumber(1e22, "."));
     const std::string huge = FormatDimNumber(1e300, ".");
-    EXPECT_EQ(huge.size(), 127u);
-    EXPECT_EQ(huge.substr(0, 20), "10000000000000000525");
+    EXPECT_EQ(127u, huge.size());
+    EXPECT_EQ("10000000000000000525", huge.substr(0, 20));
     EXPECT_EQ(FormatDimNumber(-1e300, "."), "-" + huge.substr(0, 126));
-    EXPECT_EQ(FormatDimNumber(-std::numeric_limits<double>::max(), ".").size(), 127u);
+    EXPECT_EQ(127u, FormatDimNumber(-std::numeric_limits<double>::max(), ".").size());
 
     // 126 digits before the point: the point is the last character that is kept, with no digit behind it.
     const std::string edge = FormatDimNumber(std::ldexp(1.0, 416), ".");
-    EXPECT_EQ(edge.size(), 127u);
-    EXPECT_EQ(edge.substr(117), "725889536.");
+    EXPECT_EQ(127u, edge.size());
+    EXPECT_EQ("725889536.", edge.substr(117));
 }
 
 TEST(FormatDimNumber, ZerosThatStandAtTheCutOfAHugeNumberGo) {
     // The 137 digits of 9e136 are "9", ..., "633289", "00", and ten more: the two zeros are the last kept.
     const std::string text = FormatDimNumber(9e136, ".");
-    EXPECT_EQ(text.size(), 125u);
-    EXPECT_EQ(text.substr(119), "633289");
+    EXPECT_EQ(125u, text.size());
+    EXPECT_EQ("633289", text.substr(119));
 }
 
 TEST(FormatDimNumber, InfinityAndNaNAreWords) {
-    EXPECT_EQ(FormatDimNumber(infinite, "."), "inf");
-    EXPECT_EQ(FormatDimNumber(-infinite, "."), "-inf");
-    EXPECT_EQ(FormatDimNumber(std::numeric_limits<double>::quiet_NaN(), "."), "nan");
-    EXPECT_EQ(FormatDimNumber(ReadDimNumber("-nan").value, "."), "-nan");
+    EXPECT_EQ("inf", FormatDimNumber(infinite, "."));
+    EXPECT_EQ("-inf", FormatDimNumber(-infinite, "."));
+    EXPECT_EQ("nan", FormatDimNumber(std::numeric_limits<double>::quiet_NaN(), "."));
+    EXPECT_EQ("-nan", FormatDimNumber(ReadDimNumber("-nan").value, "."));
 }
 
 TEST(FormatDimNumber, WhatItWritesReadsAsTheSameNumber) {
@@ -259,8 +259,8 @@ TEST(DimNumber, ACommaInTheLocaleOfTheProgramChangesNothing) {
     if (comma) {
         ExpectWhole("12.5", 12.5);
         ExpectStart("12,5", 12.0);
-        EXPECT_EQ(FormatDimNumber(12.0, "."), "12.0");
-        EXPECT_EQ(FormatDimNumber(12.0, ","), "12.");
+        EXPECT_EQ("12.0", FormatDimNumber(12.0, "."));
+        EXPECT_EQ("12.", FormatDimNumber(12.0, ","));
     }
     std::setlocale(LC_ALL, before.c_str());
     if (!comma)

@@ -41,126 +41,127 @@ int CompareNumbers(double a, double b, bool ascending = true) {
 }
 
 TEST(CompareNumberKeys, OrdersByValueInBothDirections) {
-    EXPECT_EQ(CompareNumbers(5.0, 9.0), -1);
-    EXPECT_EQ(CompareNumbers(10.0, 9.0), 1);
-    EXPECT_EQ(CompareNumbers(5.0, 9.0, false), 1);
-    EXPECT_EQ(CompareNumbers(10.0, 9.0, false), -1);
-    EXPECT_EQ(CompareNumbers(5.0, 5.0), 0);
-    EXPECT_EQ(CompareNumbers(5.0, 5.0, false), 0);
-    EXPECT_EQ(CompareNumbers(-0.0, 0.0), 0);
+    EXPECT_EQ(-1, CompareNumbers(5.0, 9.0));
+    EXPECT_EQ(1, CompareNumbers(10.0, 9.0));
+    EXPECT_EQ(1, CompareNumbers(5.0, 9.0, false));
+    EXPECT_EQ(-1, CompareNumbers(10.0, 9.0, false));
+    EXPECT_EQ(0, CompareNumbers(5.0, 5.0));
+    EXPECT_EQ(0, CompareNumbers(5.0, 5.0, false));
+    EXPECT_EQ(0, CompareNumbers(-0.0, 0.0));
 }
 
 TEST(CompareNumberKeys, AMissingKeyEqualsEverything) {
     const double number = 1.0;
-    EXPECT_EQ(CompareNumberKeys(nullptr, &number, true), 0);
-    EXPECT_EQ(CompareNumberKeys(&number, nullptr, false), 0);
-    EXPECT_EQ(CompareNumberKeys(nullptr, nullptr, true), 0);
+    EXPECT_EQ(0, CompareNumberKeys(nullptr, &number, true));
+    EXPECT_EQ(0, CompareNumberKeys(&number, nullptr, false));
+    EXPECT_EQ(0, CompareNumberKeys(nullptr, nullptr, true));
 }
 
 TEST(CompareNumberKeys, ANaNIsNeitherEqualNorGreater) {
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(CompareNumbers(notANumber, 1.0), -1);
-    EXPECT_EQ(CompareNumbers(1.0, notANumber), -1);
-    EXPECT_EQ(CompareNumbers(notANumber, notANumber), -1);
-    EXPECT_EQ(CompareNumbers(notANumber, 1.0, false), 1);
+    EXPECT_EQ(-1, CompareNumbers(notANumber, 1.0));
+    EXPECT_EQ(-1, CompareNumbers(1.0, notANumber));
+    EXPECT_EQ(-1, CompareNumbers(notANumber, notANumber));
+    EXPECT_EQ(1, CompareNumbers(notANumber, 1.0, false));
 }
 
 TEST(CompareNumberKeys, ATextCellRanksByItsLeadingNumber) {
     const double ten = ReadDimNumber("10 mm").value;
     const double nine = ReadDimNumber("9 mm").value;
-    EXPECT_EQ(CompareNumberKeys(&ten, &nine, true), 1);
+    EXPECT_EQ(1, CompareNumberKeys(&ten, &nine, true));
 }
 
 TEST(CompareTextKeys, TextsThatDifferInCaseOnlyAreEqual) {
-    EXPECT_EQ(CompareTexts("abc", "ABC", SingleByte()), 0);
-    EXPECT_EQ(CompareTexts("abc", "ABC", SingleByte(), false), 0);
-    EXPECT_EQ(CompareTexts("", "", SingleByte()), 0);
+    EXPECT_EQ(0, CompareTexts("abc", "ABC", SingleByte()));
+    EXPECT_EQ(0, CompareTexts("abc", "ABC", SingleByte(), false));
+    EXPECT_EQ(0, CompareTexts("", "", SingleByte()));
 }
 
 TEST(CompareTextKeys, InASingleByteCodePageOnlyADifferenceOfOneIsGreater) {
-    EXPECT_EQ(CompareTexts("b", "a", SingleByte()), 1);
-    EXPECT_EQ(CompareTexts("b", "A", SingleByte()), 1);
-    EXPECT_EQ(CompareTexts("c", "a", SingleByte()), -1);
-    EXPECT_EQ(CompareTexts("a", "b", SingleByte()), -1);
-    EXPECT_EQ(CompareTexts("a", "c", SingleByte()), -1);
+    EXPECT_EQ(1, CompareTexts("b", "a", SingleByte()));
+    EXPECT_EQ(1, CompareTexts("b", "A", SingleByte()));
+    EXPECT_EQ(-1, CompareTexts("c", "a", SingleByte()));
+    EXPECT_EQ(-1, CompareTexts("a", "b", SingleByte()));
+    EXPECT_EQ(-1, CompareTexts("a", "c", SingleByte()));
 }
 
 TEST(CompareTextKeys, DescendingTurnsTheSignAround) {
-    EXPECT_EQ(CompareTexts("b", "a", SingleByte(), false), -1);
-    EXPECT_EQ(CompareTexts("c", "a", SingleByte(), false), 1);
-    EXPECT_EQ(CompareTexts("a", "c", SingleByte(), false), 1);
+    EXPECT_EQ(-1, CompareTexts("b", "a", SingleByte(), false));
+    EXPECT_EQ(1, CompareTexts("c", "a", SingleByte(), false));
+    EXPECT_EQ(1, CompareTexts("a", "c", SingleByte(), false));
 }
 
 TEST(CompareTextKeys, TheFirstDifferingCharacterDecides) {
-    EXPECT_EQ(CompareTexts("plate b9", "plate a0", SingleByte()), 1);
-    EXPECT_EQ(CompareTexts("plate c0", "plate a9", SingleByte()), -1);
-    EXPECT_EQ(CompareTexts("plate 12345b", "plate 12345a", SingleByte()), 1);
+    EXPECT_EQ(1, CompareTexts("plate b9", "plate a0", SingleByte()));
+    EXPECT_EQ(-1, CompareTexts("plate c0", "plate a9", SingleByte()));
+    EXPECT_EQ(1, CompareTexts("plate 12345b", "plate 12345a", SingleByte()));
     for (int place = 0; place < 20; ++place) {
         std::string a(20, 'm');
         a[place] = 'n';
-        EXPECT_EQ(CompareTexts(a, std::string(20, 'm'), SingleByte()), 1) << place;
+        EXPECT_EQ(1, CompareTexts(a, std::string(20, 'm'), SingleByte())) << place;
     }
 }
 
 TEST(CompareTextKeys, ALongerTextIsNotGreaterThanItsStart) {
-    EXPECT_EQ(CompareTexts("ab", "a", SingleByte()), -1);
-    EXPECT_EQ(CompareTexts("a", "ab", SingleByte()), -1);
-    EXPECT_EQ(CompareTexts("a", "", SingleByte()), -1);
+    EXPECT_EQ(-1, CompareTexts("ab", "a", SingleByte()));
+    EXPECT_EQ(-1, CompareTexts("a", "ab", SingleByte()));
+    EXPECT_EQ(-1, CompareTexts("a", "", SingleByte()));
     // The end counts as 0, so that a character 1 makes the difference of one.
-    EXPECT_EQ(CompareTexts("a\x01", "a", SingleByte()), 1);
+    EXPECT_EQ(1, CompareTexts("a\x01", "a", SingleByte()));
 }
 
 TEST(CompareTextKeys, BytesAbove127AreGreaterThanThoseBelow) {
-    EXPECT_EQ(CompareTexts("\x80", "\x7f", SingleByte()), 1);
-    EXPECT_EQ(CompareTexts("\x7f", "\x80", SingleByte()), -1);
+    EXPECT_EQ(1, CompareTexts("\x80", "\x7f", SingleByte()));
+    EXPECT_EQ(-1, CompareTexts("\x7f", "\x80", SingleByte()));
 }
 
 TEST(CompareTextKeys, TheTableOfTheCodePageDecidesWhatIsLowerCase) {
     CaseFolding western = SingleByte();
     western.lower[0xc4] = 0xe4;
-    EXPECT_EQ(CompareTexts("\xc4", "\xe4", western), 0);
-    EXPECT_NE(CompareTexts("\xc4", "\xe4", SingleByte()), 0);
+    EXPECT_EQ(0, CompareTexts("\xc4", "\xe4", western));
+    EXPECT_NE(0, CompareTexts("\xc4", "\xe4", SingleByte()));
 }
 
 TEST(CompareTextKeys, InAMultiByteCodePageAnyDifferenceCounts) {
-    EXPECT_EQ(CompareTexts("c", "a", DoubleByte()), 1);
-    EXPECT_EQ(CompareTexts("a", "c", DoubleByte()), -1);
-    EXPECT_EQ(CompareTexts("ab", "a", DoubleByte()), 1);
-    EXPECT_EQ(CompareTexts("c", "a", DoubleByte(), false), -1);
-    EXPECT_EQ(CompareTexts("ABC", "abc", DoubleByte()), 0);
+    EXPECT_EQ(1, CompareTexts("c", "a", DoubleByte()));
+    EXPECT_EQ(-1, CompareTexts("a", "c", DoubleByte()));
+    EXPECT_EQ(1, CompareTexts("ab", "a", DoubleByte()));
+    EXPECT_EQ(-1, CompareTexts("c", "a", DoubleByte(), false));
+    EXPECT_EQ(0, CompareTexts("ABC", "abc", DoubleByte()));
 }
 
 TEST(CompareTextKeys, ADoubleByteCharacterIsOneCharacterAndGreaterThanAnySingleByte) {
     // The trail byte is a Latin letter that must not be folded.
-    EXPECT_NE(CompareTexts("\x83\x41", "\x83\x61", DoubleByte()), 0);
+    EXPECT_NE(0, CompareTexts("\x83\x41", "\x83\x61", DoubleByte()));
     // A half-width kana is a single byte above the lead byte of the other.
-    EXPECT_EQ(CompareTexts("\xb1", "\x83\x41", DoubleByte()), -1);
-    EXPECT_EQ(CompareTexts("\x83\x41", "\xb1", DoubleByte()), 1);
+    EXPECT_EQ(-1, CompareTexts("\xb1", "\x83\x41", DoubleByte()));
+    EXPECT_EQ(1, CompareTexts("\x83\x41", "\xb1", DoubleByte()));
 }
 
 TEST(CompareTextKeys, ADoubleByteLetterFoldsItsCase) {
-    EXPECT_EQ(CompareTexts("\x82\x60", "\x82\x81", DoubleByte()), 0);
-    EXPECT_EQ(CompareTexts("\x82\x62", "\x82\x81", DoubleByte()), 1);
+    EXPECT_EQ(0, CompareTexts("\x82\x60", "\x82\x81", DoubleByte()));
+    EXPECT_EQ(1, CompareTexts("\x82\x62", "\x82\x81", DoubleByte()));
 }
 
 TEST(CompareTextKeys, ALeadByteWithoutItsTrailByteEndsTheText) {
-    EXPECT_EQ(CompareTexts("a\x83", "a", DoubleByte()), 0);
-    EXPECT_EQ(FoldText("a\x83", DoubleByte()), u"a");
+    EXPECT_EQ(0, CompareTexts("a\x83", "a", DoubleByte()));
+    EXPECT_EQ(u"a", FoldText("a\x83", DoubleByte()));
 }
 
 TEST(CompareTextKeys, LeadBytesMeanNothingInASingleByteCodePage) {
     CaseFolding folding = DoubleByte();
     folding.multibyte = false;
-    EXPECT_EQ(FoldText("\x83\x41", folding),
-              u"\x83"
-              u"a");
+    EXPECT_EQ(
+        u"\x83"
+        u"a",
+        FoldText("\x83\x41", folding));
 }
 
 TEST(CompareTextKeys, AMissingKeyEqualsEverything) {
     const std::u16string text = u"a";
-    EXPECT_EQ(CompareTextKeys(nullptr, &text, false, true), 0);
-    EXPECT_EQ(CompareTextKeys(&text, nullptr, false, true), 0);
-    EXPECT_EQ(CompareTextKeys(nullptr, nullptr, true, false), 0);
+    EXPECT_EQ(0, CompareTextKeys(nullptr, &text, false, true));
+    EXPECT_EQ(0, CompareTextKeys(&text, nullptr, false, true));
+    EXPECT_EQ(0, CompareTextKeys(nullptr, nullptr, true, false));
 }
 
 }  // namespace

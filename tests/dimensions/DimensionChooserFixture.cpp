@@ -40,7 +40,7 @@ ComPtr<IDispatch> RowsBelow(const std::optional<std::string>& xml) {
 
 }  // namespace
 
-DimensionChooserTest::DimensionChooserTest() : object_(MakeObject<nuxStdParts>()) {
+DimensionChooserFixture::DimensionChooserFixture() : object_(MakeObject<nuxStdParts>()) {
     ClearSettings();
     folder_.MakeFolder("gui");
     Store(versionKey, "CurrentVersion", REG_SZ, "1.0", 4);
@@ -48,33 +48,33 @@ DimensionChooserTest::DimensionChooserTest() : object_(MakeObject<nuxStdParts>()
     SetPaths();
 }
 
-DimensionChooserTest::~DimensionChooserTest() {
+DimensionChooserFixture::~DimensionChooserFixture() {
     ClearSettings();
 }
 
-void DimensionChooserTest::SetPaths() {
+void DimensionChooserFixture::SetPaths() {
     const Bstr catalogs(folder_.Path() + "catalogs\\", CP_ACP);
     const Bstr data(folder_.Path() + "data\\", CP_ACP);
     const Bstr gui(folder_.Path() + "gui\\", CP_ACP);
     const Bstr custom(folder_.Path() + "custom\\", CP_ACP);
-    EXPECT_EQ(object_->SetTRNVPaths(catalogs.Get(), data.Get(), gui.Get(), custom.Get()), S_OK);
+    EXPECT_EQ(S_OK, object_->SetTRNVPaths(catalogs.Get(), data.Get(), gui.Get(), custom.Get()));
 }
 
-DimensionsCall DimensionChooserTest::Call(const SizeTable& standard) {
+DimensionsCall DimensionChooserFixture::Call(const SizeTable& standard) {
     DimensionsCall call;
     call.names = standard.Names();
     call.standard = standard.Xml();
     return call;
 }
 
-DimensionsCall DimensionChooserTest::Call(const SizeTable& standard, const SizeTable& users) {
+DimensionsCall DimensionChooserFixture::Call(const SizeTable& standard, const SizeTable& users) {
     DimensionsCall call = Call(standard);
     call.users = users.Xml();
     return call;
 }
 
-DimensionsResult DimensionChooserTest::Choose(const DimensionsCall& call,
-                                              const std::function<void(DimensionChooser&)>& deeds) {
+DimensionsResult DimensionChooserFixture::Choose(const DimensionsCall& call,
+                                                 const std::function<void(DimensionChooser&)>& deeds) {
     const Bstr catalog(Wide(call.catalog));
     const Bstr component(Wide(call.component));
     const ComPtr<IDispatch> names = AsDispatch(SelectNodes(RootOf(ParseXml(call.names)), L"*"));
@@ -92,8 +92,8 @@ DimensionsResult DimensionChooserTest::Choose(const DimensionsCall& call,
         call.title, deeds);
 }
 
-DimensionsResult DimensionChooserTest::ChooseFrom(IDispatch* names, const ComPtr<IDispatch>& standard,
-                                                  const std::function<void(DimensionChooser&)>& deeds) {
+DimensionsResult DimensionChooserFixture::ChooseFrom(IDispatch* names, const ComPtr<IDispatch>& standard,
+                                                     const std::function<void(DimensionChooser&)>& deeds) {
     RawVariant none, rows;
     SetDispatch(rows, standard);
     return Run(
@@ -103,8 +103,9 @@ DimensionsResult DimensionChooserTest::ChooseFrom(IDispatch* names, const ComPtr
         "Choose dimensions", deeds);
 }
 
-DimensionsResult DimensionChooserTest::Run(const std::function<HRESULT(IDispatch**)>& call, const char* title,
-                                           const std::function<void(DimensionChooser&)>& deeds) {
+DimensionsResult DimensionChooserFixture::Run(const std::function<HRESULT(IDispatch**)>& call,
+                                              const char* title,
+                                              const std::function<void(DimensionChooser&)>& deeds) {
     DimensionsResult result;
     auto* const untouched = reinterpret_cast<IDispatch*>(&result);
     IDispatch* chosen = untouched;
@@ -122,43 +123,44 @@ DimensionsResult DimensionChooserTest::Run(const std::function<HRESULT(IDispatch
     return result;
 }
 
-void DimensionChooserTest::Look(const DimensionsCall& call,
-                                const std::function<void(DimensionChooser&)>& deeds) {
+void DimensionChooserFixture::Look(const DimensionsCall& call,
+                                   const std::function<void(DimensionChooser&)>& deeds) {
     const DimensionsResult result = Choose(call, [&](DimensionChooser& chooser) {
         deeds(chooser);
         chooser.Cancel();
     });
-    EXPECT_EQ(result.answer, S_OK);
+    EXPECT_EQ(S_OK, result.answer);
     EXPECT_FALSE(result.written);
 }
 
-std::vector<std::string> DimensionChooserTest::RowsOf(const DimensionsCall& call) {
+std::vector<std::string> DimensionChooserFixture::RowsOf(const DimensionsCall& call) {
     std::vector<std::string> rows;
     Look(call, [&](DimensionChooser& chooser) { rows = chooser.Rows(); });
     return rows;
 }
 
-std::string DimensionChooserTest::Key(const std::string& column, const std::string& catalog,
-                                      const std::string& component) {
+std::string DimensionChooserFixture::Key(const std::string& column, const std::string& catalog,
+                                         const std::string& component) {
     const std::string key =
         std::string(settingsKey) + "\\1.0\\ChooseStdDimsDlg\\" + catalog + "\\" + component;
     return column.empty() ? key : key + "\\Columns\\" + column;
 }
 
-void DimensionChooserTest::StoreNumber(const std::string& column, const char* value, DWORD number) {
+void DimensionChooserFixture::StoreNumber(const std::string& column, const char* value, DWORD number) {
     Store(Key(column), value, REG_DWORD, &number, sizeof number);
 }
 
-void DimensionChooserTest::StoreText(const std::string& column, const char* value, const std::string& text) {
+void DimensionChooserFixture::StoreText(const std::string& column, const char* value,
+                                        const std::string& text) {
     Store(Key(column), value, REG_SZ, text.c_str(), text.size() + 1);
 }
 
-void DimensionChooserTest::StoreBytes(const std::string& column, const char* value, DWORD type,
-                                      const std::string& bytes) {
+void DimensionChooserFixture::StoreBytes(const std::string& column, const char* value, DWORD type,
+                                         const std::string& bytes) {
     Store(Key(column), value, type, bytes.data(), bytes.size());
 }
 
-std::optional<DWORD> DimensionChooserTest::StoredNumber(const std::string& column, const char* value) {
+std::optional<DWORD> DimensionChooserFixture::StoredNumber(const std::string& column, const char* value) {
     DWORD number = 0;
     DWORD size = sizeof number;
     if (RegGetValueA(HKEY_LOCAL_MACHINE, Key(column).c_str(), value, RRF_RT_REG_DWORD, nullptr, &number,
@@ -167,7 +169,7 @@ std::optional<DWORD> DimensionChooserTest::StoredNumber(const std::string& colum
     return number;
 }
 
-std::optional<std::string> DimensionChooserTest::StoredText(const std::string& column, const char* value) {
+std::optional<std::string> DimensionChooserFixture::StoredText(const std::string& column, const char* value) {
     char text[1024];
     DWORD size = sizeof text;
     if (RegGetValueA(HKEY_LOCAL_MACHINE, Key(column).c_str(), value, RRF_RT_REG_SZ, nullptr, text, &size))
@@ -175,15 +177,15 @@ std::optional<std::string> DimensionChooserTest::StoredText(const std::string& c
     return text;
 }
 
-void DimensionChooserTest::StoreFilter(const std::string& column, DWORD type, const char* lower,
-                                       const char* upper, DWORD database) {
+void DimensionChooserFixture::StoreFilter(const std::string& column, DWORD type, const char* lower,
+                                          const char* upper, DWORD database) {
     StoreNumber(column, "FilterType", type);
     StoreNumber(column, "Database", database);
     StoreText(column, "LowerLimit", lower);
     StoreText(column, "UpperLimit", upper);
 }
 
-bool DimensionChooserTest::KeyExists(const std::string& key) {
+bool DimensionChooserFixture::KeyExists(const std::string& key) {
     HKEY opened = nullptr;
     if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS)
         return false;
@@ -191,8 +193,8 @@ bool DimensionChooserTest::KeyExists(const std::string& key) {
     return true;
 }
 
-void DimensionChooserTest::Translate(const std::string& catalog,
-                                     const std::vector<std::pair<std::string, std::string>>& pairs) {
+void DimensionChooserFixture::Translate(const std::string& catalog,
+                                        const std::vector<std::pair<std::string, std::string>>& pairs) {
     std::string messages = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Messages>";
     for (const auto& [id, text] : pairs)
         messages += "<MsgID>" + id + "</MsgID><Text>" + text + "</Text>";

@@ -43,10 +43,10 @@ struct DimensionsResult {
 
 /// One automation object with an installation that brings no translations, and no settings of the chooser in
 /// the registry at the start. Windows are opened with ChooseDimensions, as pages do.
-class DimensionChooserTest : public testing::Test {
+class DimensionChooserFixture : public testing::Test {
 protected:
-    DimensionChooserTest();
-    ~DimensionChooserTest() override;
+    DimensionChooserFixture();
+    ~DimensionChooserFixture() override;
 
     /// A call with the names of the table and its rows as standard source.
     static DimensionsCall Call(const SizeTable& standard);

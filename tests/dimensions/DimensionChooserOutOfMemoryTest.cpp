@@ -37,12 +37,11 @@ private:
     std::thread thread_;
 };
 
-class DimensionChooserOutOfMemory : public DimensionChooserTest {
+class DimensionChooserOutOfMemory : public DimensionChooserFixture {
 protected:
     void SetUp() override {
-        ASSERT_EQ(CoCreateInstance(CLSID_nuxStdParts, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,
-                                   parts.ReceiveVoid()),
-                  S_OK)
+        ASSERT_EQ(S_OK, CoCreateInstance(CLSID_nuxStdParts, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,
+                                         parts.ReceiveVoid()))
             << "the component is not registered";
         const SizeTable table{{"A", "B"}, {{"1", "round"}, {"2", "square"}}};
         names = SelectNodes(RootOf(ParseXml(table.Names())), L"*");
@@ -65,7 +64,7 @@ protected:
 
 TEST_F(DimensionChooserOutOfMemory, GivesACodeAndTheNextCallWorks) {
     const QuickUser user;
-    ASSERT_EQ(Choose(), S_OK);
+    ASSERT_EQ(S_OK, Choose());
     FailingAllocations failing(GetModuleHandleA("nuxStdPartsAX.dll"));
     ASSERT_GE(failing.Replaced(), 9u);
     for (const Extent extent : {Extent::one, Extent::thatAndAllBehind}) {
@@ -77,8 +76,8 @@ TEST_F(DimensionChooserOutOfMemory, GivesACodeAndTheNextCallWorks) {
                 EXPECT_GT(number, 50) << "so many allocations could have failed";
                 break;
             }
-            EXPECT_EQ(result, E_OUTOFMEMORY);
-            EXPECT_EQ(Choose(), S_OK);
+            EXPECT_EQ(E_OUTOFMEMORY, result);
+            EXPECT_EQ(S_OK, Choose());
             ASSERT_TRUE(chosen);
         }
     }

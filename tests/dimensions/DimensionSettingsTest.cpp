@@ -7,7 +7,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class StoredFilter : public DimensionChooserTest {
+class StoredFilter : public DimensionChooserFixture {
 protected:
     const DimensionsCall numbers = Call({{"A"}, {{"1"}, {"2"}, {"3"}}});
 };
@@ -20,18 +20,18 @@ TEST_F(StoredFilter, OfNumbersHasItsLimitsAndNoText) {
         dialog.SetUpper("30");
         dialog.Ok();
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 2u);
-    EXPECT_EQ(StoredNumber("A", "Database"), 3u);
-    EXPECT_EQ(StoredText("A", "LowerLimit"), "1.25");
+    EXPECT_EQ(2u, StoredNumber("A", "FilterType"));
+    EXPECT_EQ(3u, StoredNumber("A", "Database"));
+    EXPECT_EQ("1.25", StoredText("A", "LowerLimit"));
     EXPECT_EQ(StoredText("A", "UpperLimit"), Whole("30"));
-    EXPECT_EQ(StoredText("A", "FilterString"), std::nullopt);
+    EXPECT_EQ(std::nullopt, StoredText("A", "FilterString"));
 }
 
 TEST_F(StoredFilter, IsWrittenForEveryColumnAlsoIfInactive) {
     Look(Call({{"A", "B"}, {{"1", "x"}}}), [](DimensionChooser&) {});
     for (const char* column : {"A", "B"}) {
-        EXPECT_EQ(StoredNumber(column, "FilterType"), 0u);
-        EXPECT_EQ(StoredNumber(column, "Database"), 3u);
+        EXPECT_EQ(0u, StoredNumber(column, "FilterType"));
+        EXPECT_EQ(3u, StoredNumber(column, "Database"));
         EXPECT_EQ(StoredText(column, "LowerLimit"), Whole("0"));
         EXPECT_EQ(StoredText(column, "UpperLimit"), Whole("0"));
     }
@@ -42,17 +42,17 @@ TEST_F(StoredFilter, OfTextHasItsTextAndLeavesTheLimitsThatAreThere) {
     StoreText("A", "FilterString", "2");
     StoreText("A", "LowerLimit", "left alone");
     EXPECT_EQ(RowsOf(numbers), (Texts{"2"}));
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 5u);
-    EXPECT_EQ(StoredText("A", "FilterString"), "2");
-    EXPECT_EQ(StoredText("A", "LowerLimit"), "left alone");
-    EXPECT_EQ(StoredText("A", "UpperLimit"), std::nullopt);
+    EXPECT_EQ(5u, StoredNumber("A", "FilterType"));
+    EXPECT_EQ("2", StoredText("A", "FilterString"));
+    EXPECT_EQ("left alone", StoredText("A", "LowerLimit"));
+    EXPECT_EQ(std::nullopt, StoredText("A", "UpperLimit"));
 }
 
 TEST_F(StoredFilter, OfNumbersLeavesTheTextThatIsThere) {
     StoreFilter("A", 1, "2");
     StoreText("A", "FilterString", "left alone");
     EXPECT_EQ(RowsOf(numbers), (Texts{"2"}));
-    EXPECT_EQ(StoredText("A", "FilterString"), "left alone");
+    EXPECT_EQ("left alone", StoredText("A", "FilterString"));
 }
 
 TEST_F(StoredFilter, OfTextWithoutATextTakesEmptyCells) {
@@ -67,6 +67,23 @@ TEST_F(StoredFilter, LiesUnderTheTranslatedCaption) {
     Look(call, [](DimensionChooser&) {});
     EXPECT_TRUE(KeyExists(Key("Length", "CAPTIONS")));
     EXPECT_FALSE(KeyExists(Key("A", "CAPTIONS")));
+}
+
+TEST_F(StoredFilter, OfATextThatIsCutThroughACharacterFindsItsRowAgain) {
+    if (!DoubleByteCodePage())
+        GTEST_SKIP() << "needs a code page of double-byte characters";
+    std::string many;
+    for (int i = 0; i < 70; ++i)
+        many += "\xE8\xA1\xA8";
+    const DimensionsCall call = Call({{"A"}, {{many}, {"x"}}});
+    Look(call, [](DimensionChooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.Value(1));
+        gesture.Release();
+        EXPECT_EQ(1, chooser.List().RowCount()) << "as it is set";
+        EXPECT_NE(chooser.Rows(), (Texts{"x"}));
+    });
+    EXPECT_EQ(1u, RowsOf(call).size()) << "as it is stored and read";
 }
 
 TEST_F(StoredFilter, IsSharedByColumnsWithOneCaption) {
@@ -90,7 +107,7 @@ TEST_F(StoredFilter, ACaptionWithBackslashesMakesKeysInKeys) {
     EXPECT_EQ(RowsOf(call), (Texts{"3"}));
     EXPECT_TRUE(KeyExists(Key("L")));
     EXPECT_EQ(StoredText("L\\d\\x", "LowerLimit"), Whole("3"));
-    EXPECT_EQ(StoredNumber("L", "FilterType"), std::nullopt);
+    EXPECT_EQ(std::nullopt, StoredNumber("L", "FilterType"));
 }
 
 TEST_F(StoredFilter, ACaptionWithUmlautsOrDoubleByteCharactersHasItsOwnKey) {
@@ -141,7 +158,7 @@ TEST_F(StoredFilter, LimitsThatAreNoNumbersReadAsWhatStandsAtTheirStart) {
 TEST_F(StoredFilter, OutOfRangeNumbersAreTakenAsTheyStand) {
     StoreFilter("A", 0xFFFFFFFF, "0");
     EXPECT_EQ(RowsOf(numbers), Texts{});
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 0xFFFFFFFFu);
+    EXPECT_EQ(0xFFFFFFFFu, StoredNumber("A", "FilterType"));
     StoreFilter("A", 4, "1e400");
     EXPECT_EQ(RowsOf(numbers), Texts{}) << "too large is infinite";
 }
@@ -174,10 +191,10 @@ TEST_F(StoredFilter, IsForgottenWhereTheRegistryTakesNothing) {
     Look(call, [](DimensionChooser& chooser) {
         EXPECT_EQ(chooser.Rows(), (Texts{"1", "2", "3"}));
         EXPECT_FALSE(chooser.CanTurnOffAll());
-        EXPECT_EQ(chooser.List().Width(1), 50);
+        EXPECT_EQ(50, chooser.List().Width(1));
         RECT bounds{};
         GetWindowRect(chooser.Window(), &bounds);
-        EXPECT_NE(bounds.left, 33);
+        EXPECT_NE(33, bounds.left);
     });
 }
 
@@ -185,7 +202,7 @@ TEST_F(StoredFilter, GoesToTheMachinesPartOfTheRegistryOnly) {
     Look(numbers, [](DimensionChooser&) {});
     EXPECT_TRUE(KeyExists(Key("A")));
     HKEY key = nullptr;
-    EXPECT_NE(RegOpenKeyExA(HKEY_CURRENT_USER, Key().c_str(), 0, KEY_READ, &key), ERROR_SUCCESS);
+    EXPECT_NE(ERROR_SUCCESS, RegOpenKeyExA(HKEY_CURRENT_USER, Key().c_str(), 0, KEY_READ, &key));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "resources/resource.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
 #include "tests/support/DebuggerLines.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -13,7 +14,7 @@ using Texts = std::vector<std::string>;
 
 constexpr COLORREF paper = RGB(255, 0, 255);
 
-class Table : public DimensionChooserTest {
+class Table : public DimensionChooserFixture {
 protected:
     /// Whether a column counts as one of numbers, as its header shows it.
     static bool IsNumeric(const DimensionChooser& chooser, int column) {
@@ -24,18 +25,18 @@ protected:
 TEST_F(Table, HasANarrowMarkerColumnAndOneForEachDimension) {
     Look(Call({{"A", "B"}, {{"1", "2"}}}), [](DimensionChooser& chooser) {
         const driver::ListView& list = chooser.List();
-        ASSERT_EQ(list.ColumnCount(), 3);
-        EXPECT_EQ(list.Width(0), 20);
-        EXPECT_EQ(list.Caption(0), "");
-        EXPECT_EQ(list.Cell(0, 0), "");
-        EXPECT_EQ(list.HeaderImage(0), 1);
+        ASSERT_EQ(3, list.ColumnCount());
+        EXPECT_EQ(20, list.Width(0));
+        EXPECT_EQ("", list.Caption(0));
+        EXPECT_EQ("", list.Cell(0, 0));
+        EXPECT_EQ(1, list.HeaderImage(0));
         EXPECT_TRUE(list.HeaderFormat(0) & HDF_STRING);
-        EXPECT_EQ(list.Caption(1), "A");
-        EXPECT_EQ(list.Caption(2), "B");
-        EXPECT_EQ(list.Width(1), 50);
-        EXPECT_EQ(list.Width(2), 50);
-        EXPECT_EQ(list.Order(), (std::vector<int>{0, 1, 2}));
-        EXPECT_EQ(SendMessageA(list.Header(), HDM_GETBITMAPMARGIN, 0, 0), 2);
+        EXPECT_EQ("A", list.Caption(1));
+        EXPECT_EQ("B", list.Caption(2));
+        EXPECT_EQ(50, list.Width(1));
+        EXPECT_EQ(50, list.Width(2));
+        EXPECT_EQ((std::vector<int>{0, 1, 2}), list.Order());
+        EXPECT_EQ(2, SendMessageA(list.Header(), HDM_GETBITMAPMARGIN, 0, 0));
     });
 }
 
@@ -43,9 +44,9 @@ TEST_F(Table, TakesTheCaptionFromTheTextOfANameAndElseFromTheNameItself) {
     DimensionsCall call = Call({{"A", "B", "C"}, {{"1", "2", "3"}}});
     call.names = "<n><A>Length</A><B/><C>Bore</C></n>";
     Look(call, [](DimensionChooser& chooser) {
-        EXPECT_EQ(chooser.List().Caption(1), "Length");
-        EXPECT_EQ(chooser.List().Caption(2), "B");
-        EXPECT_EQ(chooser.List().Caption(3), "Bore");
+        EXPECT_EQ("Length", chooser.List().Caption(1));
+        EXPECT_EQ("B", chooser.List().Caption(2));
+        EXPECT_EQ("Bore", chooser.List().Caption(3));
         EXPECT_EQ(chooser.Rows(), (Texts{"1|2|3"}));
     });
 }
@@ -56,8 +57,8 @@ TEST_F(Table, TranslatesCaptionsAndTextsOfTheCatalogueButNotNumbers) {
     call.catalog = "TRANSLATED";
     call.names = "<n><A>Length</A><B/></n>";
     Look(call, [](DimensionChooser& chooser) {
-        EXPECT_EQ(chooser.List().Caption(1), "Extent");
-        EXPECT_EQ(chooser.List().Caption(2), "Kind");
+        EXPECT_EQ("Extent", chooser.List().Caption(1));
+        EXPECT_EQ("Kind", chooser.List().Caption(2));
         EXPECT_EQ(chooser.Rows(), (Texts{"12|circular", "5|square"}));
     });
 }
@@ -68,7 +69,7 @@ TEST_F(Table, ShowsTheStandardRowsFirstThenTheUsersEachInTheOrderOfTheFile) {
         const driver::ListView& list = chooser.List();
         const std::vector<int> images{list.Image(0), list.Image(1), list.Image(2), list.Image(3),
                                       list.Image(4)};
-        EXPECT_EQ(images, (std::vector<int>{1, 1, 1, 0, 0})) << "only the user's rows have an icon";
+        EXPECT_EQ((std::vector<int>{1, 1, 1, 0, 0}), images) << "only the user's rows have an icon";
     });
 }
 
@@ -76,11 +77,11 @@ TEST_F(Table, HasOneIconForTheUsersRows) {
     Look(Call({{"A"}, {{"9"}}}), [](DimensionChooser& chooser) {
         const auto images = reinterpret_cast<HIMAGELIST>(
             SendMessageA(chooser.List().Handle(), LVM_GETIMAGELIST, LVSIL_SMALL, 0));
-        EXPECT_EQ(ImageList_GetImageCount(images), 1);
+        EXPECT_EQ(1, ImageList_GetImageCount(images));
         int width = 0, height = 0;
         ImageList_GetIconSize(images, &width, &height);
-        EXPECT_EQ(width, 16);
-        EXPECT_EQ(height, 16);
+        EXPECT_EQ(16, width);
+        EXPECT_EQ(16, height);
         EXPECT_TRUE(driver::DrawnImage(images, 0, paper) == driver::IconResource(IDI_USER_ROW, paper));
     });
 }
@@ -89,11 +90,11 @@ TEST_F(Table, HasTheMarkOfFiltersAndThatOfTheUsersRowsForItsHeader) {
     Look(Call({{"A"}, {{"9"}}}), [](DimensionChooser& chooser) {
         const auto images =
             reinterpret_cast<HIMAGELIST>(SendMessageA(chooser.List().Header(), HDM_GETIMAGELIST, 0, 0));
-        ASSERT_EQ(ImageList_GetImageCount(images), 2);
+        ASSERT_EQ(2, ImageList_GetImageCount(images));
         int width = 0, height = 0;
         ImageList_GetIconSize(images, &width, &height);
-        EXPECT_EQ(width, 16);
-        EXPECT_EQ(height, 16);
+        EXPECT_EQ(16, width);
+        EXPECT_EQ(16, height);
         EXPECT_TRUE(driver::DrawnImage(images, 0, paper) == driver::IconResource(IDI_FILTER, paper));
         EXPECT_TRUE(driver::DrawnImage(images, 1, paper) == driver::IconResource(IDI_USER_ROW, paper));
     });
@@ -122,7 +123,7 @@ TEST_F(Table, ReadsNamesWithAPrefix) {
     call.standard = "<r xmlns:p='u'><s A='9' p:A='1' B='x'><p:A>1</p:A></s></r>";
     call.users = "<r xmlns:p='u'><s p:A='2' B='y'><p:A>2</p:A></s></r>";
     Look(call, [](DimensionChooser& chooser) {
-        EXPECT_EQ(chooser.List().Caption(1), "p:A");
+        EXPECT_EQ("p:A", chooser.List().Caption(1));
         EXPECT_EQ(chooser.Rows(), (Texts{"1|x", "2|y"}));
         QuickFilterGesture(chooser, 1, 1).Release();
         EXPECT_EQ(chooser.Rows(), (Texts{"1|x"}));
@@ -166,6 +167,47 @@ TEST_F(Table, AMissingAttributeEndsItsSourceThereAndOnlyThat) {
     EXPECT_EQ(RowsOf(call), (Texts{"1|2", "7|8"}));
 }
 
+TEST_F(Table, ARowIsReadFromLeftToRightUntilACellIsRefused) {
+    DimensionsCall call;
+    call.names = "<n><A/><B/></n>";
+    call.standard = "<r><s A='1' B='1'/><s A='2'/><s A='1' B='3'/></r>";
+    StoreFilter("A", 1, "1");
+    EXPECT_EQ(RowsOf(call), (Texts{"1|1", "1|3"}))
+        << "the attribute that the second row lacks is not looked for";
+}
+
+TEST_F(Table, ARowThatIsNoElementEndsItsSource) {
+    const auto names = SelectNodes(RootOf(ParseXml("<n><A/></n>")), L"*");
+    for (const char* other : {"<!--comment-->", "text", "<?instruction A='2'?>"}) {
+        const std::string xml = std::string("<r><s A='1'/>") + other + "<s A='3'/></r>";
+        const auto rows = SelectNodes(RootOf(ParseXml(xml)), L"node()");
+        ChooseFrom(names.Get(), rows.As<IDispatch>(), [&](DimensionChooser& chooser) {
+            EXPECT_EQ(chooser.Rows(), (Texts{"1"})) << xml;
+            chooser.Cancel();
+        });
+    }
+}
+
+TEST_F(Table, FindsNamesBeyondTheCodePage) {
+    if (DoubleByteCodePage())
+        GTEST_SKIP() << "this name lies within code page 932";
+    const char name[] = "\xE9\x95\xB7";
+    DimensionsCall call = Call({{name}, {{"1"}, {"2"}}});
+    Look(call, [](DimensionChooser& chooser) {
+        EXPECT_EQ("?", chooser.List().Caption(1));
+        EXPECT_EQ(chooser.Rows(), (Texts{"1", "2"}));
+        QuickFilterGesture(chooser, 0, 1).Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1"}));
+    });
+}
+
+TEST_F(Table, ShowsValuesInTheThreadsCodePage) {
+    if (DoubleByteCodePage())
+        GTEST_SKIP() << "the list shows Cyrillic letters as others there";
+    const ThreadLocale locale(russian);
+    EXPECT_EQ(RowsOf(Call({{"A"}, {{"\xD0\x96"}}})), (Texts{"\xC6"}));
+}
+
 TEST_F(Table, ARefusedRowDoesNotChangeTheKindOfLaterColumns) {
     const DimensionsCall call =
         Call({{"A", "B", "C"}, {{"1", "1", "1"}, {"2", "1", "word"}, {"1", "1", "3"}}});
@@ -206,8 +248,8 @@ TEST_F(Table, RowsThatReadAlikeStayRowsOfTheirOwn) {
         alike.standard = "<r><s A='1' id='first'/><s A='1' id='second'/><s A='1' id='third'/></r>";
         return alike;
     }();
-    EXPECT_EQ(Choose(call, [](DimensionChooser& chooser) { chooser.Take(1); }).Value("id"), "second");
-    EXPECT_EQ(Choose(call, [](DimensionChooser& chooser) { chooser.Take(2); }).Value("id"), "third");
+    EXPECT_EQ("second", Choose(call, [](DimensionChooser& chooser) { chooser.Take(1); }).Value("id"));
+    EXPECT_EQ("third", Choose(call, [](DimensionChooser& chooser) { chooser.Take(2); }).Value("id"));
 }
 
 TEST_F(Table, TellsNumbersFromTextsAsTheStandardLibraryReadsThem) {
@@ -243,7 +285,7 @@ TEST_F(Table, GrowsWithTheDimensions) {
         }
         Look(Call(table), [&](DimensionChooser& chooser) {
             EXPECT_EQ(chooser.List().ColumnCount(), count + 1);
-            EXPECT_EQ(chooser.Rows(), (Texts{expected}));
+            EXPECT_EQ((Texts{expected}), chooser.Rows());
         });
     }
 }
@@ -252,27 +294,27 @@ TEST_F(Table, OpensWithoutNames) {
     DimensionsCall call = Call({{"A"}, {{"1"}, {"2"}}});
     call.names = "<n/>";
     const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
-        EXPECT_EQ(chooser.List().ColumnCount(), 1);
-        EXPECT_EQ(chooser.List().RowCount(), 2) << "no column refuses a row";
+        EXPECT_EQ(1, chooser.List().ColumnCount());
+        EXPECT_EQ(2, chooser.List().RowCount()) << "no column refuses a row";
         chooser.Ok();
     });
-    EXPECT_EQ(result.Value("A"), "1");
+    EXPECT_EQ("1", result.Value("A"));
 }
 
 TEST_F(Table, OpensWithoutRowsAndWithoutSources) {
     const auto takeNothing = [](DimensionChooser& chooser) {
-        EXPECT_EQ(chooser.List().RowCount(), 0);
+        EXPECT_EQ(0, chooser.List().RowCount());
         EXPECT_TRUE(chooser.List().Selected().empty());
         chooser.Ok();
     };
     const DimensionsResult noRows = Choose(Call({{"A"}, {}}, {{"A"}, {}}), takeNothing);
-    EXPECT_EQ(noRows.answer, S_OK);
+    EXPECT_EQ(S_OK, noRows.answer);
     EXPECT_TRUE(noRows.written);
     EXPECT_FALSE(noRows.row);
     DimensionsCall none;
     none.names = "<n><A/></n>";
     const DimensionsResult noSources = Choose(none, takeNothing);
-    EXPECT_EQ(noSources.answer, S_OK);
+    EXPECT_EQ(S_OK, noSources.answer);
     EXPECT_TRUE(noSources.written);
     EXPECT_FALSE(noSources.row);
 }
@@ -288,9 +330,9 @@ TEST_F(Table, ANameThatNoAttributeCanHaveShowsNoRows) {
     const auto names = SelectNodes(RootOf(ParseXml("<n><A/><!--comment--></n>")), L"node()");
     const auto rows = SelectNodes(RootOf(ParseXml(*call.standard)), L"*");
     ChooseFrom(names.Get(), rows.As<IDispatch>(), [](DimensionChooser& chooser) {
-        EXPECT_EQ(chooser.List().ColumnCount(), 3);
-        EXPECT_EQ(chooser.List().Caption(2), "#comment");
-        EXPECT_EQ(chooser.List().RowCount(), 0);
+        EXPECT_EQ(3, chooser.List().ColumnCount());
+        EXPECT_EQ("#comment", chooser.List().Caption(2));
+        EXPECT_EQ(0, chooser.List().RowCount());
         chooser.Cancel();
     });
 }
@@ -303,10 +345,11 @@ TEST_F(Table, ShowsUmlautsInNamesCaptionsAndValues) {
         "<n><L\xC3\xA4nge/><B>Gr\xC3\xB6\xC3\x9F"
         "e</B></n>";
     Look(call, [](DimensionChooser& chooser) {
-        EXPECT_EQ(chooser.List().Caption(1), "L\xE4nge");
-        EXPECT_EQ(chooser.List().Caption(2),
-                  "Gr\xF6\xDF"
-                  "e");
+        EXPECT_EQ("L\xE4nge", chooser.List().Caption(1));
+        EXPECT_EQ(
+            "Gr\xF6\xDF"
+            "e",
+            chooser.List().Caption(2));
         EXPECT_EQ(chooser.Rows(), (Texts{"1|gr\xFCn"}));
     });
 }
@@ -338,8 +381,8 @@ TEST_F(Table, SaysOnceToADebuggerThatARowHasEndedItsSource) {
         chooser.TurnOffAll();  // fills the table again
         EXPECT_EQ(chooser.Rows(), (Texts{"1"}));
     });
-    EXPECT_EQ(lines.With(L"a row of source 1 lacks a value"), 1u);
-    EXPECT_EQ(lines.With(L"a row of source 2"), 0u);
+    EXPECT_EQ(1u, lines.With(L"a row of source 1 lacks a value"));
+    EXPECT_EQ(0u, lines.With(L"a row of source 2"));
 }
 
 }  // namespace

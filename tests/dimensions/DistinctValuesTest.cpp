@@ -38,7 +38,7 @@ void ExpectSortedAsByExchange(std::vector<double> numbers) {
     const std::string before = Spelled(numbers);
     SortByExchange(expected);
     SortNumbers(numbers);
-    EXPECT_EQ(Spelled(numbers), Spelled(expected)) << before;
+    EXPECT_EQ(Spelled(expected), Spelled(numbers)) << before;
 }
 
 TEST(DistinctValues, AValueOfBothSourcesCountsOnceAndTheFirstPlaceStays) {
@@ -47,14 +47,14 @@ TEST(DistinctValues, AValueOfBothSourcesCountsOnceAndTheFirstPlaceStays) {
         values.Add(value);
     for (const char* value : {"7", "3", "10"})
         values.Add(value);
-    EXPECT_EQ(Gathered(values), (std::vector<std::string>{"10", "5", "7", "3"}));
+    EXPECT_EQ((std::vector<std::string>{"10", "5", "7", "3"}), Gathered(values));
 }
 
 TEST(DistinctValues, ValuesAreTheSameOnlyIfEveryByteIs) {
     DistinctValues values;
     for (const char* value : {"5", "5.0", "a", "A", "a ", "", "5", ""})
         values.Add(value);
-    EXPECT_EQ(Gathered(values), (std::vector<std::string>{"5", "5.0", "a", "A", "a ", ""}));
+    EXPECT_EQ((std::vector<std::string>{"5", "5.0", "a", "A", "a ", ""}), Gathered(values));
 }
 
 TEST(DistinctValues, AnAddedTextMayChangeAfterwards) {
@@ -65,7 +65,7 @@ TEST(DistinctValues, AnAddedTextMayChangeAfterwards) {
     values.Add(text);
     text[0] = 'a';
     values.Add(text);
-    EXPECT_EQ(values.Values().size(), 2u);
+    EXPECT_EQ(2u, values.Values().size());
 }
 
 TEST(DistinctValues, ManyValuesStayDistinct) {
@@ -74,7 +74,7 @@ TEST(DistinctValues, ManyValuesStayDistinct) {
         for (int i = 0; i < 50000; ++i)
             values.Add(std::to_string(i));
     }
-    ASSERT_EQ(values.Values().size(), 50000u);
+    ASSERT_EQ(50000u, values.Values().size());
     for (int i = 0; i < 50000; ++i)
         ASSERT_EQ(values.Values()[i], std::to_string(i));
 }
@@ -83,7 +83,7 @@ TEST(DistinctValues, NumbersAreSortedByValueAndTextsOfOneValueStayTwo) {
     DistinctValues values;
     for (const char* value : {"10", "5", "9", "5.0", "word", "3 mm", "-1"})
         values.Add(value);
-    EXPECT_EQ(values.Numbers(), (std::vector<double>{-1.0, 0.0, 3.0, 5.0, 5.0, 9.0, 10.0}));
+    EXPECT_EQ((std::vector<double>{-1.0, 0.0, 3.0, 5.0, 5.0, 9.0, 10.0}), values.Numbers());
 }
 
 TEST(DistinctValues, TextsAreSortedByTheBytesOfTheirLocalisedForm) {
@@ -91,7 +91,7 @@ TEST(DistinctValues, TextsAreSortedByTheBytesOfTheirLocalisedForm) {
     for (const char* value : {"steel", "Brass", "\xe4", "brass", ""})
         values.Add(value);
     const auto localise = [](const std::string& text) { return text == "steel" ? std::string("Alu") : text; };
-    EXPECT_EQ(values.Texts(localise), (std::vector<std::string>{"", "Alu", "Brass", "brass", "\xe4"}));
+    EXPECT_EQ((std::vector<std::string>{"", "Alu", "Brass", "brass", "\xe4"}), values.Texts(localise));
 }
 
 TEST(DistinctValues, ValuesThatLocaliseAlikeStayTwo) {
@@ -99,7 +99,7 @@ TEST(DistinctValues, ValuesThatLocaliseAlikeStayTwo) {
     values.Add("steel");
     values.Add("iron");
     const auto localise = [](const std::string&) { return std::string("metal"); };
-    EXPECT_EQ(values.Texts(localise), (std::vector<std::string>{"metal", "metal"}));
+    EXPECT_EQ((std::vector<std::string>{"metal", "metal"}), values.Texts(localise));
 }
 
 TEST(DistinctValues, WithoutValuesThereAreNoNumbersAndNoTexts) {
@@ -112,10 +112,10 @@ TEST(SortNumbers, ANaNStaysAtItsIndexAndTheOthersAreSortedAroundIt) {
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
     std::vector<double> numbers{3.0, notANumber, 2.0, 1.0, notANumber};
     SortNumbers(numbers);
-    EXPECT_EQ(numbers[0], 1.0);
+    EXPECT_EQ(1.0, numbers[0]);
     EXPECT_TRUE(std::isnan(numbers[1]));
-    EXPECT_EQ(numbers[2], 2.0);
-    EXPECT_EQ(numbers[3], 3.0);
+    EXPECT_EQ(2.0, numbers[2]);
+    EXPECT_EQ(3.0, numbers[3]);
     EXPECT_TRUE(std::isnan(numbers[4]));
 }
 

@@ -34,7 +34,7 @@ TEST(FieldsOfType, NoneHidesBothFields) {
     const auto fields = FieldsOfType(FilterNone);
     ASSERT_TRUE(fields);
     EXPECT_FALSE(fields->lower);
-    EXPECT_EQ(fields->lowerLabel, nullptr);
+    EXPECT_EQ(nullptr, fields->lowerLabel);
     EXPECT_FALSE(fields->upper);
 }
 
@@ -43,7 +43,7 @@ TEST(FieldsOfType, ATypeWithOneValueShowsTheFirstFieldAsFilterValue) {
         const auto fields = FieldsOfType(type);
         ASSERT_TRUE(fields);
         EXPECT_TRUE(fields->lower);
-        EXPECT_STREQ(fields->lowerLabel, "Filter value:");
+        EXPECT_STREQ("Filter value:", fields->lowerLabel);
         EXPECT_FALSE(fields->upper);
     }
 }
@@ -52,7 +52,7 @@ TEST(FieldsOfType, BetweenShowsBothFields) {
     const auto fields = FieldsOfType(FilterBetween);
     ASSERT_TRUE(fields);
     EXPECT_TRUE(fields->lower);
-    EXPECT_STREQ(fields->lowerLabel, "Lower limit:");
+    EXPECT_STREQ("Lower limit:", fields->lowerLabel);
     EXPECT_TRUE(fields->upper);
 }
 
@@ -95,20 +95,20 @@ TEST(TakesCharacter, ASeparatorBehindTheFirst127CharactersIsNotSeen) {
 }
 
 TEST(UpperLimitChoices, OffersTheValuesFromTheLowerLimitOn) {
-    EXPECT_EQ(UpperLimitChoices({1.0, 5.0, 5.5, 12.25}, "5", "."),
-              (std::vector<std::string>{"5.0", "5.5", "12.25"}));
-    EXPECT_EQ(UpperLimitChoices({1.0, 5.0}, "", "."), (std::vector<std::string>{"1.0", "5.0"}));
-    EXPECT_EQ(UpperLimitChoices({1.0, 5.0}, "6", "."), (std::vector<std::string>{}));
-    EXPECT_EQ(UpperLimitChoices({-1.0, 5.0}, "", ","), (std::vector<std::string>{"5."}));
-    EXPECT_EQ(UpperLimitChoices({std::nan(""), 5.0}, "0", "."), (std::vector<std::string>{"5.0"}));
+    EXPECT_EQ((std::vector<std::string>{"5.0", "5.5", "12.25"}),
+              UpperLimitChoices({1.0, 5.0, 5.5, 12.25}, "5", "."));
+    EXPECT_EQ((std::vector<std::string>{"1.0", "5.0"}), UpperLimitChoices({1.0, 5.0}, "", "."));
+    EXPECT_EQ((std::vector<std::string>{}), UpperLimitChoices({1.0, 5.0}, "6", "."));
+    EXPECT_EQ((std::vector<std::string>{"5."}), UpperLimitChoices({-1.0, 5.0}, "", ","));
+    EXPECT_EQ((std::vector<std::string>{"5.0"}), UpperLimitChoices({std::nan(""), 5.0}, "0", "."));
     EXPECT_TRUE(UpperLimitChoices({1.0}, "nan", ".").empty());
 }
 
 TEST(ReadFilterForm, TakesTypeNumberAndDatabase) {
     const DefinedFilter defined = Accepted(Form(FilterEqual, "12.5", "0.0", DatabaseUser));
     EXPECT_EQ(defined.filter.Type(), FilterEqual);
-    EXPECT_EQ(defined.filter.Lower(), 12.5);
-    EXPECT_EQ(defined.filter.Upper(), 0.0);
+    EXPECT_EQ(12.5, defined.filter.Lower());
+    EXPECT_EQ(0.0, defined.filter.Upper());
     EXPECT_EQ(defined.filter.Database(), DatabaseUser);
 }
 
@@ -121,37 +121,37 @@ TEST(ReadFilterForm, AFirstFieldThatIsNoNumberIsAWrongValue) {
 }
 
 TEST(ReadFilterForm, AFirstFieldOfZeroOrWithLeadingBlanksIsANumber) {
-    EXPECT_EQ(Accepted(Form(FilterEqual, "0")).filter.Lower(), 0.0);
-    EXPECT_EQ(Accepted(Form(FilterEqual, "-0")).filter.Lower(), 0.0);
-    EXPECT_EQ(Accepted(Form(FilterEqual, " 12")).filter.Lower(), 12.0);
-    EXPECT_EQ(Accepted(Form(FilterEqual, "1e2")).filter.Lower(), 100.0);
+    EXPECT_EQ(0.0, Accepted(Form(FilterEqual, "0")).filter.Lower());
+    EXPECT_EQ(0.0, Accepted(Form(FilterEqual, "-0")).filter.Lower());
+    EXPECT_EQ(12.0, Accepted(Form(FilterEqual, " 12")).filter.Lower());
+    EXPECT_EQ(100.0, Accepted(Form(FilterEqual, "1e2")).filter.Lower());
 }
 
 TEST(ReadFilterForm, OnlyTheFirst127CharactersOfAFieldAreRead) {
-    EXPECT_EQ(Accepted(Form(FilterEqual, std::string(126, '0') + "7x")).filter.Lower(), 7.0);
+    EXPECT_EQ(7.0, Accepted(Form(FilterEqual, std::string(126, '0') + "7x")).filter.Lower());
     ExpectError(Form(FilterEqual, std::string(125, '0') + "7x"), wrongValue, Field::Lower);
-    EXPECT_EQ(Accepted(Form(FilterBetween, "1", std::string(126, '0') + "7x")).filter.Upper(), 7.0);
+    EXPECT_EQ(7.0, Accepted(Form(FilterBetween, "1", std::string(126, '0') + "7x")).filter.Upper());
 }
 
 TEST(ReadFilterForm, TypeNoneTakesAnyTextAndStoresWhatItReads) {
     const DefinedFilter defined = Accepted(Form(FilterNone, "-3x", "word", DatabaseStandard));
     EXPECT_EQ(defined.filter.Type(), FilterNone);
-    EXPECT_EQ(defined.filter.Lower(), -3.0);
-    EXPECT_EQ(defined.filter.Upper(), 0.0);
+    EXPECT_EQ(-3.0, defined.filter.Lower());
+    EXPECT_EQ(0.0, defined.filter.Upper());
     EXPECT_EQ(defined.filter.Database(), DatabaseStandard);
     EXPECT_FALSE(defined.filter.IsInactive());
     EXPECT_TRUE(Accepted(Form(FilterNone, "", "")).filter.IsInactive());
 }
 
 TEST(ReadFilterForm, ATypeWithoutUpperLimitStoresWhatItsFieldReads) {
-    EXPECT_EQ(Accepted(Form(FilterEqual, "1", "7.5mm")).filter.Upper(), 7.5);
-    EXPECT_EQ(Accepted(Form(FilterGreaterOrEqual, "9", "-4")).filter.Upper(), -4.0);
-    EXPECT_EQ(Accepted(Form(FilterSmallerOrEqual, "9", "")).filter.Upper(), 0.0);
+    EXPECT_EQ(7.5, Accepted(Form(FilterEqual, "1", "7.5mm")).filter.Upper());
+    EXPECT_EQ(-4.0, Accepted(Form(FilterGreaterOrEqual, "9", "-4")).filter.Upper());
+    EXPECT_EQ(0.0, Accepted(Form(FilterSmallerOrEqual, "9", "")).filter.Upper());
 }
 
 TEST(ReadFilterForm, BetweenTakesALimitAtOrAboveTheLower) {
-    EXPECT_EQ(Accepted(Form(FilterBetween, "5", "10")).filter.Upper(), 10.0);
-    EXPECT_EQ(Accepted(Form(FilterBetween, "5", "5.0")).filter.Upper(), 5.0);
+    EXPECT_EQ(10.0, Accepted(Form(FilterBetween, "5", "10")).filter.Upper());
+    EXPECT_EQ(5.0, Accepted(Form(FilterBetween, "5", "5.0")).filter.Upper());
     EXPECT_TRUE(std::isnan(Accepted(Form(FilterBetween, "5", "nan")).filter.Upper())) << "it is not below 5";
 }
 
@@ -178,7 +178,7 @@ TEST(ReadFilterForm, DescendingSortsAscendingToo) {
 TEST(ReadFilterForm, TheTextOfTheFilterStays) {
     nuxDimFilter current;
     current.SetText(FilterStringEqual, "steel", DatabaseUser);
-    EXPECT_EQ(Accepted(Form(FilterEqual, "1"), current).filter.Text(), "steel");
+    EXPECT_EQ("steel", Accepted(Form(FilterEqual, "1"), current).filter.Text());
 }
 
 TEST(ReadFilterForm, AGroupWithoutACheckedButtonKeepsWhatTheFilterHas) {
@@ -187,8 +187,8 @@ TEST(ReadFilterForm, AGroupWithoutACheckedButtonKeepsWhatTheFilterHas) {
     const FilterForm form{std::nullopt, "0.0", "0.0", std::nullopt, SortChoice::Ascending};
     const DefinedFilter defined = Accepted(form, current);
     EXPECT_EQ(defined.filter.Type(), FilterStringEqual);
-    EXPECT_EQ(defined.filter.Database(), 7u);
-    EXPECT_EQ(defined.filter.Text(), "steel");
+    EXPECT_EQ(7u, defined.filter.Database());
+    EXPECT_EQ("steel", defined.filter.Text());
 }
 
 }  // namespace

@@ -7,7 +7,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class Filter : public DimensionChooserTest {
+class Filter : public DimensionChooserFixture {
 protected:
     /// The rows of two sources that a stored filter on column A leaves.
     Texts Left(const SizeTable& standard, const SizeTable& users = {{"A"}, {}}) {
@@ -127,11 +127,11 @@ TEST_F(Filter, TheMarkLeavesTheAlignmentOfACaption) {
     StoreFilter("A", 4, "0");
     StoreFilter("B", 4, "0");
     Look(Call({{"A", "B"}, {{"1", "x"}}}), [](DimensionChooser& chooser) {
-        EXPECT_EQ(chooser.List().HeaderFormat(1) & HDF_JUSTIFYMASK, HDF_CENTER);
-        EXPECT_EQ(chooser.List().HeaderFormat(2) & HDF_JUSTIFYMASK, HDF_LEFT);
+        EXPECT_EQ(HDF_CENTER, chooser.List().HeaderFormat(1) & HDF_JUSTIFYMASK);
+        EXPECT_EQ(HDF_LEFT, chooser.List().HeaderFormat(2) & HDF_JUSTIFYMASK);
         chooser.TurnOffAll();
-        EXPECT_EQ(chooser.List().HeaderFormat(1) & (HDF_JUSTIFYMASK | HDF_IMAGE), HDF_CENTER);
-        EXPECT_EQ(chooser.List().HeaderFormat(2) & (HDF_JUSTIFYMASK | HDF_IMAGE), HDF_LEFT);
+        EXPECT_EQ(HDF_CENTER, chooser.List().HeaderFormat(1) & (HDF_JUSTIFYMASK | HDF_IMAGE));
+        EXPECT_EQ(HDF_LEFT, chooser.List().HeaderFormat(2) & (HDF_JUSTIFYMASK | HDF_IMAGE));
         EXPECT_TRUE(chooser.List().HeaderFormat(1) & HDF_STRING);
     });
 }
@@ -149,8 +149,8 @@ TEST_F(Filter, AllAreTurnedOffAtOnce) {
             EXPECT_EQ(chooser.List().HeaderImage(column), noMark);
         EXPECT_FALSE(chooser.CanTurnOffAll());
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
-    EXPECT_EQ(StoredNumber("C", "Database"), 3u);
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
+    EXPECT_EQ(3u, StoredNumber("C", "Database"));
 }
 
 TEST_F(Filter, OneIsTurnedOffInTheMenuAndTheButtonGraysWithTheLast) {
@@ -177,8 +177,8 @@ TEST_F(Filter, TurnedOffInTheMenuTakesBothDatabasesAgain) {
         chooser.Menu(1, MenuItem::TurnOffFilter);
         EXPECT_EQ(chooser.Rows(), (Texts{"1", "1"}));
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
-    EXPECT_EQ(StoredNumber("A", "Database"), 3u);
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
+    EXPECT_EQ(3u, StoredNumber("A", "Database"));
     EXPECT_EQ(StoredText("A", "LowerLimit"), Whole("0"));
     EXPECT_EQ(StoredText("A", "UpperLimit"), Whole("0"));
 }
@@ -191,7 +191,7 @@ TEST_F(Filter, IsKeptAfterCancelAndAfterOk) {
         dialog.SetLower("2");
         dialog.Ok();
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 4u);
+    EXPECT_EQ(4u, StoredNumber("A", "FilterType"));
     EXPECT_EQ(RowsOf(call), (Texts{"2", "3"}));
     Choose(call, [](DimensionChooser& chooser) {
         chooser.TurnOffAll();

@@ -13,7 +13,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class Nesting : public DimensionChooserTest {
+class Nesting : public DimensionChooserFixture {
 protected:
     /// One call on an object of its own.
     struct Run {
@@ -69,10 +69,10 @@ TEST_F(Nesting, AChooserOpensFromWithinAChooser) {
         EXPECT_TRUE(IsWindowEnabled(first.Window()));
         first.Take(1);
     });
-    EXPECT_EQ(inner.answer, S_OK);
-    EXPECT_EQ(inner.Value("A"), "20");
-    EXPECT_EQ(outer.answer, S_OK);
-    EXPECT_EQ(outer.Value("A"), "2");
+    EXPECT_EQ(S_OK, inner.answer);
+    EXPECT_EQ("20", inner.Value("A"));
+    EXPECT_EQ(S_OK, outer.answer);
+    EXPECT_EQ("2", outer.Value("A"));
 }
 
 TEST_F(Nesting, AFilterOfTheInnerOneLeavesTheOuterAlone) {
@@ -88,7 +88,7 @@ TEST_F(Nesting, AFilterOfTheInnerOneLeavesTheOuterAlone) {
         first.Cancel();
     });
     // Both write under one key; the outer one closes last.
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
 }
 
 class HostGone : public Nesting {
@@ -108,7 +108,7 @@ protected:
                      driver::WaitUntilGone(chooser.Window());
                  });
         EXPECT_TRUE(outer.returned);
-        EXPECT_EQ(outer.answer, S_OK);
+        EXPECT_EQ(S_OK, outer.answer);
         EXPECT_FALSE(outer.chosen);
         const driver::Application here = driver::Application::OfThread(GetCurrentThreadId());
         EXPECT_TRUE(here.Windows().empty());
@@ -127,7 +127,7 @@ TEST_F(HostGone, EndsTheFilterDialogToo) {
         const FilterDialog dialog = chooser.DefineFilter(1);
         dialog.Check(IDC_FILTER_EQUAL);
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
 }
 
 TEST_F(HostGone, EndsAnOpenMenuToo) {

@@ -13,8 +13,16 @@ QuickFilterGeometry Geometry(int rows = 3) {
 }
 
 TEST(QuickFilterGeometry, TheWidthIsThatOfTheLongestStringAndTwoCharactersMore) {
-    EXPECT_EQ(QuickFilterGeometry({"1", "12345", "123"}, 13, 11).Width(), 7 * 11);
-    EXPECT_EQ(QuickFilterGeometry({"\x83\x41"}, 13, 11).Width(), 4 * 11);
+    EXPECT_EQ(7 * 11, QuickFilterGeometry({"1", "12345", "123"}, 13, 11).Width());
+    EXPECT_EQ(4 * 11, QuickFilterGeometry({"\x83\x41"}, 13, 11).Width());
+}
+
+TEST(QuickFilterGeometry, ATextOfAnyLengthLeavesRoomForTheFrameAndThePlaceOnTheScreen) {
+    constexpr int most = 1 << 30;
+    const QuickFilterGeometry geometry({std::string(71'000'000, 'x')}, 13, 31);
+    EXPECT_EQ(geometry.Width(), most);
+    EXPECT_EQ(geometry.PagerSize(), (PixelSize{most, 104}));
+    EXPECT_EQ(TopLeftUnderPointer({0, 0}, geometry.PointerPlace(), {0, 0}).x, -most / 4);
 }
 
 TEST(QuickFilterGeometry, WithoutStringsItIsTwoCharactersWideAndStillEightRowsHigh) {
@@ -31,7 +39,7 @@ TEST(QuickFilterGeometry, ThePagerShowsEightRowsWhateverTheList) {
 }
 
 TEST(QuickFilterGeometry, ARowIsOneRowHeightTallAndAsWideAsTheList) {
-    EXPECT_EQ(Geometry().RowHeight(), 13);
+    EXPECT_EQ(13, Geometry().RowHeight());
     EXPECT_EQ(Geometry().Row(0), (PixelRectangle{0, 0, 77, 13}));
     EXPECT_EQ(Geometry().Row(2), (PixelRectangle{0, 26, 77, 39}));
 }
@@ -45,59 +53,59 @@ TEST(QuickFilterGeometry, TheWindowOpensWithThePointerAQuarterAcrossTheFirstRowA
 
 TEST(QuickFilterGeometry, TheRowIsThePositionInTheListDividedByTheRowHeight) {
     const QuickFilterGeometry geometry = Geometry();
-    EXPECT_EQ(geometry.RowAt(inside, pager, 0), 0);
-    EXPECT_EQ(geometry.RowAt(inside, pager, 12), 0);
-    EXPECT_EQ(geometry.RowAt(inside, pager, 13), 1);
-    EXPECT_EQ(geometry.RowAt(inside, pager, 38), 2);
+    EXPECT_EQ(0, geometry.RowAt(inside, pager, 0));
+    EXPECT_EQ(0, geometry.RowAt(inside, pager, 12));
+    EXPECT_EQ(1, geometry.RowAt(inside, pager, 13));
+    EXPECT_EQ(2, geometry.RowAt(inside, pager, 38));
 }
 
 TEST(QuickFilterGeometry, BelowTheLastStringTheRowLiesBeyondTheStrings) {
-    EXPECT_EQ(Geometry().RowAt(inside, pager, 39), 3);
-    EXPECT_EQ(QuickFilterGeometry({}, 13, 11).RowAt(inside, pager, 5), 0);
+    EXPECT_EQ(3, Geometry().RowAt(inside, pager, 39));
+    EXPECT_EQ(0, QuickFilterGeometry({}, 13, 11).RowAt(inside, pager, 5));
 }
 
 TEST(QuickFilterGeometry, OutsideThePagerThereIsNoRow) {
     const QuickFilterGeometry geometry = Geometry();
     for (const PixelPoint outside : {PixelPoint{99, 220}, {181, 220}, {120, 199}, {120, 305}})
-        EXPECT_EQ(geometry.RowAt(outside, pager, 20), -1) << outside.x << " " << outside.y;
+        EXPECT_EQ(-1, geometry.RowAt(outside, pager, 20)) << outside.x << " " << outside.y;
 }
 
 TEST(QuickFilterGeometry, AllFourEdgesOfThePagerAreInside) {
     const QuickFilterGeometry geometry = Geometry();
     for (const PixelPoint edge : {PixelPoint{100, 220}, {180, 220}, {120, 200}, {120, 304}})
-        EXPECT_EQ(geometry.RowAt(edge, pager, 20), 1) << edge.x << " " << edge.y;
+        EXPECT_EQ(1, geometry.RowAt(edge, pager, 20)) << edge.x << " " << edge.y;
 }
 
 TEST(QuickFilterGeometry, AboveTheListTheRowIsTheFirstForOneRowHeightAndThenNegative) {
     const QuickFilterGeometry geometry = Geometry();
-    EXPECT_EQ(geometry.RowAt(inside, pager, -1), 0);
-    EXPECT_EQ(geometry.RowAt(inside, pager, -12), 0);
-    EXPECT_EQ(geometry.RowAt(inside, pager, -13), -1);
-    EXPECT_EQ(geometry.RowAt(inside, pager, -26), -2);
+    EXPECT_EQ(0, geometry.RowAt(inside, pager, -1));
+    EXPECT_EQ(0, geometry.RowAt(inside, pager, -12));
+    EXPECT_EQ(-1, geometry.RowAt(inside, pager, -13));
+    EXPECT_EQ(-2, geometry.RowAt(inside, pager, -26));
 }
 
 TEST(QuickFilterGeometry, TheRowReachesAsFarAsAMouseMessageCanTell) {
-    EXPECT_EQ(Geometry().RowAt(inside, pager, 32767), 2520);
-    EXPECT_EQ(Geometry().RowAt(inside, pager, -32768), -2520);
+    EXPECT_EQ(2520, Geometry().RowAt(inside, pager, 32767));
+    EXPECT_EQ(-2520, Geometry().RowAt(inside, pager, -32768));
 }
 
 TEST(QuickFilterGeometry, AScrollButtonMovesByOneRowOrByFiveWithAModifierKey) {
-    EXPECT_EQ(Geometry().ScrollStep(false), 13);
-    EXPECT_EQ(Geometry().ScrollStep(true), 65);
+    EXPECT_EQ(13, Geometry().ScrollStep(false));
+    EXPECT_EQ(65, Geometry().ScrollStep(true));
 }
 
 TEST(QuickFilterChoice, AChosenNumberGivesAFilterEqualToIt) {
     const nuxDimFilter filter = FilterOfChosenNumber(1, {2.0, 3.5});
     EXPECT_EQ(filter.Type(), FilterEqual);
-    EXPECT_EQ(filter.Lower(), 3.5);
-    EXPECT_EQ(filter.Upper(), 0.0);
+    EXPECT_EQ(3.5, filter.Lower());
+    EXPECT_EQ(0.0, filter.Upper());
     EXPECT_EQ(filter.Database(), DatabaseBoth);
 }
 
 TEST(QuickFilterChoice, AChosenTextGivesAFilterEqualToIt) {
     const nuxDimFilter filter = FilterOfChosenText(0, {"steel", "brass"});
     EXPECT_EQ(filter.Type(), FilterStringEqual);
-    EXPECT_EQ(filter.Text(), "steel");
+    EXPECT_EQ("steel", filter.Text());
     EXPECT_EQ(filter.Database(), DatabaseBoth);
 }
 

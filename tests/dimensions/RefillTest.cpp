@@ -1,58 +1,16 @@
 // What a refill of the list does, and what it leaves alone.
 
-#include <atomic>
-#include <utility>
-
+#include "driver/Messages.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/dimensions/MessageRecorder.h"
+#include "tests/support/TestedThreadWindow.h"
 
 namespace nux {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-/// Stands before a window's procedure and notes which of some messages come. The window is of another thread.
-class MessageRecorder {
-public:
-    explicit MessageRecorder(HWND list) : list_(list) {
-        original = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(list, GWLP_WNDPROC));
-        current = this;
-        SetWindowLongPtrA(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
-    }
-    MessageRecorder(const MessageRecorder&) = delete;
-    MessageRecorder& operator=(const MessageRecorder&) = delete;
-    ~MessageRecorder() {
-        SetWindowLongPtrA(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original.load()));
-        current = nullptr;
-    }
-
-    /// What has come, and is forgotten with that.
-    Texts Take() { return std::exchange(seen_, {}); }
-
-private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        MessageRecorder* const self = current;
-        if (!self)
-            return CallWindowProcA(original, window, message, wParam, lParam);
-        const auto rows = [&] {
-            return std::to_string(CallWindowProcA(original, window, LVM_GETITEMCOUNT, 0, 0));
-        };
-        if (message == WM_SETREDRAW)
-            self->seen_.push_back(wParam ? "on " + rows() : "off " + rows());
-        else if (message == LVM_DELETEALLITEMS)
-            self->seen_.push_back("delete");
-        else if (message == LVM_SORTITEMS)
-            self->seen_.push_back("sort " + rows());
-        return CallWindowProcA(original, window, message, wParam, lParam);
-    }
-
-    // A message may be under way when the recorder goes.
-    static inline std::atomic<WNDPROC> original = nullptr;
-    static inline std::atomic<MessageRecorder*> current = nullptr;
-    HWND list_;
-    Texts seen_;  ///< written by the list's thread, read while that waits for input
-};
-
-class Refill : public DimensionChooserTest {
+class Refill : public DimensionChooserFixture {
 protected:
     static int Alignment(const DimensionChooser& chooser, int column) {
         return chooser.List().HeaderFormat(column) & HDF_JUSTIFYMASK;
@@ -68,7 +26,20 @@ protected:
 
 TEST_F(Refill, AndItsSortAreDrawnOnceAtTheEnd) {
     Look(Call({{"A"}, {{"3"}, {"1"}}}, {{"A"}, {{"2"}}}), [](DimensionChooser& chooser) {
-        MessageRecorder recorder(chooser.List().Handle());
+        const HWND list = chooser.List().Handle();
+        MessageRecorder recorder(list, [list](UINT message, WPARAM wParam, LPARAM) -> std::string {
+            const auto rows = [&] { return std::to_string(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0)); };
+            switch (message) {
+                case WM_SETREDRAW:
+                    return (wParam ? "on " : "off ") + rows();
+                case LVM_DELETEALLITEMS:
+                    return "delete";
+                case LVM_SORTITEMS:
+                    return "sort " + rows();
+                default:
+                    return {};
+            }
+        });
         Define(chooser, IDC_FILTER_GREATER_OR_EQUAL, "2", IDC_SORT_NONE);
         EXPECT_EQ(recorder.Take(), (Texts{"off 3", "delete", "on 2"}));
         Define(chooser, IDC_FILTER_GREATER_OR_EQUAL, "1", IDC_SORT_ASCENDING);
@@ -77,6 +48,38 @@ TEST_F(Refill, AndItsSortAreDrawnOnceAtTheEnd) {
         EXPECT_EQ(recorder.Take(), (Texts{"off 3", "delete", "on 3"}));
         chooser.Menu(1, MenuItem::SortDescending);
         EXPECT_EQ(recorder.Take(), (Texts{"sort 3"}));
+    });
+}
+
+TEST_F(Refill, OfAColumnThatHasBecomeOneOfTextsIsSortedByNumbersAllTheSame) {
+    const auto table = RootOf(ParseXml("<r><s A='10'/><s A='9'/><s A='8'/></r>"));
+    const auto names = SelectNodes(RootOf(ParseXml("<n><A/></n>")), L"*");
+    const auto rows = SelectNodes(table, L"*");
+    const TestedThreadWindow host;
+    // The page's rows change while the chooser is open.
+    const std::function<void()> writeWord = [&] {
+        const auto row = SelectNodes(table, L"s[@A='8']");
+        ComPtr<IXMLDOMNode> node;
+        row->nextNode(node.Receive());
+        node.As<IXMLDOMElement>()->setAttribute(Bstr(L"A").Get(), Variant(std::string("8x")).Get());
+    };
+    ChooseFrom(names.Get(), rows.As<IDispatch>(), [&](DimensionChooser& chooser) {
+        host.Do(writeWord);
+        chooser.User().Settle();
+        Define(chooser, IDC_FILTER_NONE, "0", IDC_SORT_ASCENDING);
+        EXPECT_EQ(chooser.Rows(), (Texts{"8x", "9", "10"})) << "as texts, 10 would come first";
+        EXPECT_EQ(Alignment(chooser, 1), HDF_LEFT);
+        chooser.Cancel();
+    });
+}
+
+TEST_F(Refill, IsNoneWhereThereIsNoFilterToTurnOff) {
+    Look(Call({{"A"}, {{"5"}, {"10"}, {"9"}}}), [](DimensionChooser& chooser) {
+        chooser.Menu(1, MenuItem::SortAscending);
+        driver::Post(chooser.Window(), WM_COMMAND, IDC_ALL_FILTERS_OFF);
+        chooser.User().Settle();
+        EXPECT_EQ(chooser.Rows(), (Texts{"5", "9", "10"}));
+        EXPECT_EQ(chooser.List().Selected(), std::vector<int>{0});
     });
 }
 
@@ -116,9 +119,9 @@ TEST_F(Refill, AlignsTheCaptionOfTheColumnThatItIsFor) {
     });
     StoreFilter("B", 0, "0");
     Look(call, [](DimensionChooser& chooser) {
-        EXPECT_EQ(Alignment(chooser, 1), HDF_CENTER);
-        EXPECT_EQ(Alignment(chooser, 2), HDF_LEFT);
-        EXPECT_EQ(Alignment(chooser, 3), HDF_LEFT);
+        EXPECT_EQ(HDF_CENTER, Alignment(chooser, 1));
+        EXPECT_EQ(HDF_LEFT, Alignment(chooser, 2));
+        EXPECT_EQ(HDF_LEFT, Alignment(chooser, 3));
     });
 }
 

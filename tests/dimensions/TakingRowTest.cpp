@@ -2,6 +2,8 @@
 
 #include "driver/Controls.h"
 #include "driver/Input.h"
+#include "driver/Messages.h"
+#include "driver/PointerInput.h"
 #include "driver/Waiting.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
 
@@ -12,7 +14,7 @@ using Rows = std::vector<int>;
 
 const SizeTable sizes{{"A", "B"}, {{"1", "x"}, {"2", "y"}, {"2", "z"}, {"3", ""}}};
 
-class DefaultRow : public DimensionChooserTest {
+class DefaultRow : public DimensionChooserFixture {
 protected:
     /// The row that is selected at the opening, with these default values.
     int Selected(const SizeTable& table, const std::optional<std::string>& defaults) {
@@ -33,38 +35,38 @@ protected:
 };
 
 TEST_F(DefaultRow, IsTheFirstWithoutDefaultValues) {
-    EXPECT_EQ(Selected(sizes, std::nullopt), 0);
+    EXPECT_EQ(0, Selected(sizes, std::nullopt));
 }
 
 TEST_F(DefaultRow, IsTheFirstOneThatMatchesAll) {
-    EXPECT_EQ(Selected(sizes, "<d><A>2</A></d>"), 1);
-    EXPECT_EQ(Selected(sizes, "<d><A>2</A><B>z</B></d>"), 2);
-    EXPECT_EQ(Selected(sizes, "<d><B>y</B></d>"), 1);
+    EXPECT_EQ(1, Selected(sizes, "<d><A>2</A></d>"));
+    EXPECT_EQ(2, Selected(sizes, "<d><A>2</A><B>z</B></d>"));
+    EXPECT_EQ(1, Selected(sizes, "<d><B>y</B></d>"));
 }
 
 TEST_F(DefaultRow, AnEmptyOrMissingValueMatchesEverything) {
-    EXPECT_EQ(Selected(sizes, "<d/>"), 0);
-    EXPECT_EQ(Selected(sizes, "<d><A>3</A><B></B></d>"), 3);
-    EXPECT_EQ(Selected(sizes, "<d><Other>9</Other></d>"), 0);
+    EXPECT_EQ(0, Selected(sizes, "<d/>"));
+    EXPECT_EQ(3, Selected(sizes, "<d><A>3</A><B></B></d>"));
+    EXPECT_EQ(0, Selected(sizes, "<d><Other>9</Other></d>"));
 }
 
 TEST_F(DefaultRow, IsTheFirstRowIfNoneMatches) {
-    EXPECT_EQ(Selected(sizes, "<d><A>9</A></d>"), 0);
-    EXPECT_EQ(Selected(sizes, "<d><A>1</A><B>y</B></d>"), 0);
+    EXPECT_EQ(0, Selected(sizes, "<d><A>9</A></d>"));
+    EXPECT_EQ(0, Selected(sizes, "<d><A>1</A><B>y</B></d>"));
 }
 
 TEST_F(DefaultRow, ComparesTheTextsNotTheNumbers) {
-    EXPECT_EQ(Selected({{"A"}, {{"1"}, {"2.0"}, {"2"}}}, "<d><A>2</A></d>"), 2);
-    EXPECT_EQ(Selected({{"A"}, {{"x"}, {"ABC"}, {"abc"}}}, "<d><A>abc</A></d>"), 2);
+    EXPECT_EQ(2, Selected({{"A"}, {{"1"}, {"2.0"}, {"2"}}}, "<d><A>2</A></d>"));
+    EXPECT_EQ(2, Selected({{"A"}, {{"x"}, {"ABC"}, {"abc"}}}, "<d><A>abc</A></d>"));
 }
 
 TEST_F(DefaultRow, ReadsElementsNotAttributes) {
-    EXPECT_EQ(Selected(sizes, "<d A='2'/>"), 0);
+    EXPECT_EQ(0, Selected(sizes, "<d A='2'/>"));
 }
 
 TEST_F(DefaultRow, ComparesTheFirst127CharactersOfAValue) {
     const std::string start(127, 'y');
-    EXPECT_EQ(Selected({{"A"}, {{"x"}, {start + "1"}}}, "<d><A>" + start + "2</A></d>"), 1);
+    EXPECT_EQ(1, Selected({{"A"}, {{"x"}, {start + "1"}}}, "<d><A>" + start + "2</A></d>"));
 }
 
 TEST_F(DefaultRow, ATranslatedCellMatchesOnlyWhatItShows) {
@@ -79,28 +81,28 @@ TEST_F(DefaultRow, ATranslatedCellMatchesOnlyWhatItShows) {
 
 TEST_F(DefaultRow, AValueThatIsNoStringMatchesEverything) {
     const std::string types = "<d xmlns:dt='urn:schemas-microsoft-com:datatypes'><A dt:dt=";
-    EXPECT_EQ(Selected(sizes, types + "'string'>3</A></d>"), 3);
-    EXPECT_EQ(Selected(sizes, types + "'int'>3</A></d>"), 0);
+    EXPECT_EQ(3, Selected(sizes, types + "'string'>3</A></d>"));
+    EXPECT_EQ(0, Selected(sizes, types + "'int'>3</A></d>"));
 }
 
 TEST_F(DefaultRow, ComesIntoSightFarDown) {
     SizeTable table{{"A"}, {}};
     for (int i = 0; i < 300; ++i)
         table.rows.push_back({std::to_string(i)});
-    EXPECT_EQ(Selected(table, "<d><A>250</A></d>"), 250);
+    EXPECT_EQ(250, Selected(table, "<d><A>250</A></d>"));
 }
 
 TEST_F(DefaultRow, IsNoneWithoutRows) {
-    EXPECT_EQ(Selected({{"A"}, {}}, "<d><A>1</A></d>"), -1);
+    EXPECT_EQ(-1, Selected({{"A"}, {}}, "<d><A>1</A></d>"));
 }
 
 TEST_F(DefaultRow, IsLookedForAmongTheRowsThatFiltersLeave) {
     StoreFilter("A", 4, "2");
-    EXPECT_EQ(Selected(sizes, "<d><A>1</A></d>"), 0);
-    EXPECT_EQ(Selected(sizes, "<d><A>3</A></d>"), 2);
+    EXPECT_EQ(0, Selected(sizes, "<d><A>1</A></d>"));
+    EXPECT_EQ(2, Selected(sizes, "<d><A>3</A></d>"));
 }
 
-class TakingRow : public DimensionChooserTest {
+class TakingRow : public DimensionChooserFixture {
 protected:
     const DimensionsCall call = Call({{"A"}, {{"1"}, {"2"}, {"3"}}}, {{"A"}, {{"4"}}});
 
@@ -112,9 +114,9 @@ protected:
 };
 
 TEST_F(TakingRow, OkGivesTheSelectedOneOfEitherSource) {
-    EXPECT_EQ(Choose(call, [](DimensionChooser& chooser) { chooser.Ok(); }).Value("A"), "1");
-    EXPECT_EQ(Choose(call, [](DimensionChooser& chooser) { chooser.Take(2); }).Value("A"), "3");
-    EXPECT_EQ(Choose(call, [](DimensionChooser& chooser) { chooser.Take(3); }).Value("A"), "4");
+    EXPECT_EQ("1", Choose(call, [](DimensionChooser& chooser) { chooser.Ok(); }).Value("A"));
+    EXPECT_EQ("3", Choose(call, [](DimensionChooser& chooser) { chooser.Take(2); }).Value("A"));
+    EXPECT_EQ("4", Choose(call, [](DimensionChooser& chooser) { chooser.Take(3); }).Value("A"));
 }
 
 TEST_F(TakingRow, ADoubleClickOnARowTakesIt) {
@@ -122,18 +124,43 @@ TEST_F(TakingRow, ADoubleClickOnARowTakesIt) {
         driver::DoubleClick(chooser.List().Handle(), chooser.List().CellMiddle(1, 1));
         driver::WaitUntilGone(chooser.Window());
     });
-    EXPECT_EQ(result.Value("A"), "2");
+    EXPECT_EQ("2", result.Value("A"));
 }
 
-TEST_F(TakingRow, ADoubleClickBesideTheRowsTakesTheSelectedOne) {
+TEST_F(TakingRow, ADoubleClickOfTheRealPointerTakesTheRowUnderIt) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        driver::MovePointer(driver::OnScreen(chooser.List().Handle(), chooser.List().CellMiddle(2, 1)));
+        driver::DoubleClickPointer();
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_EQ("3", result.Value("A"));
+}
+
+TEST_F(TakingRow, ADoubleClickBesideTheRowsTakesNoneSinceItsFirstClickLeavesNoneSelected) {
     const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
         chooser.List().ClickRow(2);
         chooser.User().Settle();
-        driver::PostMouse(chooser.List().Handle(), WM_LBUTTONDBLCLK, BesideTheRows(chooser), MK_LBUTTON);
+        driver::MovePointer(driver::OnScreen(chooser.List().Handle(), BesideTheRows(chooser)));
+        driver::DoubleClickPointer();
         driver::WaitUntilGone(chooser.Window());
     });
-    EXPECT_EQ(result.answer, S_OK);
-    EXPECT_EQ(result.Value("A"), "3");
+    EXPECT_EQ(S_OK, result.answer);
+    EXPECT_TRUE(result.written);
+    EXPECT_FALSE(result.row);
+}
+
+TEST_F(TakingRow, ARowWhoseDataSomebodyElseHasSetIsNone) {
+    const DimensionsResult result = Choose(call, [](DimensionChooser& chooser) {
+        LVITEMA foreign{};
+        foreign.mask = LVIF_PARAM;
+        foreign.iItem = 0;
+        foreign.lParam = 0x1234;
+        ASSERT_TRUE(driver::AskWith(chooser.List().Handle(), LVM_SETITEMA, 0, foreign));
+        chooser.Ok();
+    });
+    EXPECT_EQ(S_OK, result.answer);
+    EXPECT_TRUE(result.written);
+    EXPECT_FALSE(result.row);
 }
 
 TEST_F(TakingRow, WithoutASelectionOkGivesNoRow) {
@@ -143,7 +170,7 @@ TEST_F(TakingRow, WithoutASelectionOkGivesNoRow) {
         ASSERT_TRUE(chooser.List().Selected().empty());
         chooser.Ok();
     });
-    EXPECT_EQ(result.answer, S_OK);
+    EXPECT_EQ(S_OK, result.answer);
     EXPECT_TRUE(result.written);
     EXPECT_FALSE(result.row);
 }
@@ -154,12 +181,12 @@ TEST_F(TakingRow, EnterTakesItAndEscapeLeaves) {
         driver::PressKey(chooser.List().Handle(), VK_RETURN);
         driver::WaitUntilGone(chooser.Window());
     });
-    EXPECT_EQ(taken.Value("A"), "2");
+    EXPECT_EQ("2", taken.Value("A"));
     const DimensionsResult left = Choose(call, [](DimensionChooser& chooser) {
         driver::PressKey(chooser.List().Handle(), VK_ESCAPE);
         driver::WaitUntilGone(chooser.Window());
     });
-    EXPECT_EQ(left.answer, S_OK);
+    EXPECT_EQ(S_OK, left.answer);
     EXPECT_FALSE(left.written);
 }
 
@@ -168,7 +195,7 @@ TEST_F(TakingRow, TheCloseBoxLeavesWithoutARow) {
         PostMessageA(chooser.Window(), WM_SYSCOMMAND, SC_CLOSE, 0);
         driver::WaitUntilGone(chooser.Window());
     });
-    EXPECT_EQ(result.answer, S_OK);
+    EXPECT_EQ(S_OK, result.answer);
     EXPECT_FALSE(result.written);
 }
 
@@ -190,9 +217,9 @@ TEST_F(TakingRow, ARowOutlivesDialogAndObject) {
         row = Choose(Call(table), [](DimensionChooser& chooser) { chooser.Ok(); }).row;
     }
     ReleaseObject();
-    EXPECT_EQ(AttributeOf(row, "A"), "kept");
+    EXPECT_EQ("kept", AttributeOf(row, "A"));
     ComPtr<IXMLDOMDocument> document;
-    EXPECT_EQ(row->get_ownerDocument(document.Receive()), S_OK);
+    EXPECT_EQ(S_OK, row->get_ownerDocument(document.Receive()));
 }
 
 TEST_F(TakingRow, ARefillGivesRowsAnew) {
@@ -203,7 +230,7 @@ TEST_F(TakingRow, ARefillGivesRowsAnew) {
         dialog.Ok();
         chooser.Take(1);
     });
-    EXPECT_EQ(result.Value("A"), "4");
+    EXPECT_EQ("4", result.Value("A"));
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
 // The chooser's window: its controls, its size and place, and how they are kept.
 
 #include "driver/Controls.h"
+#include "driver/Input.h"
+#include "driver/Messages.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/dimensions/MessageRecorder.h"
 
 namespace nux {
 namespace {
@@ -37,7 +40,7 @@ struct Arrangement {
           cancel(PositionIn(chooser.Window(), chooser.CancelButton())) {}
 };
 
-class Layout : public DimensionChooserTest {
+class Layout : public DimensionChooserFixture {
 protected:
     const DimensionsCall call = Call({{"A"}, {{"1"}}});
 
@@ -120,6 +123,61 @@ TEST_F(Layout, GrowsTheListAndKeepsTheButtonsAtTheLowerRightCorner) {
     });
 }
 
+TEST_F(Layout, DrawsAButtonAnewThatHasMoved) {
+    Look(call, [](DimensionChooser& chooser) {
+        SIZE size = SizeOf(chooser.Window());
+        for (const HWND button : {chooser.FiltersOffButton(), chooser.OkButton(), chooser.CancelButton()}) {
+            MessageRecorder recorder(button, [](UINT message, WPARAM, LPARAM) -> std::string {
+                return message == WM_PAINT ? "paint" : "";
+            });
+            size.cx += 20;
+            chooser.Resize(size.cx, size.cy);
+            chooser.User().Settle();
+            UpdateWindow(button);
+            chooser.User().Settle();
+            EXPECT_FALSE(recorder.Take().empty()) << GetDlgCtrlID(button);
+        }
+    });
+}
+
+TEST_F(Layout, StartsInTheListAndTabsThroughItsButtons) {
+    StoreFilter("A", 4, "0");  // so that all can be pressed
+    Look(call, [](DimensionChooser& chooser) {
+        for (const HWND control : {chooser.List().Handle(), chooser.FiltersOffButton(), chooser.OkButton(),
+                                   chooser.CancelButton(), chooser.List().Handle()}) {
+            ASSERT_TRUE(driver::HasFocus(control)) << GetDlgCtrlID(control);
+            driver::PressKey(control, VK_TAB);
+            chooser.User().Settle();
+        }
+    });
+}
+
+TEST_F(Layout, ArrowKeysGoFromButtonToButton) {
+    StoreFilter("A", 4, "0");
+    Look(call, [](DimensionChooser& chooser) {
+        driver::PressKey(chooser.List().Handle(), VK_TAB);
+        chooser.User().Settle();
+        for (const HWND control : {chooser.FiltersOffButton(), chooser.OkButton(), chooser.CancelButton()}) {
+            ASSERT_TRUE(driver::HasFocus(control)) << GetDlgCtrlID(control);
+            driver::PressKey(control, VK_RIGHT);
+            chooser.User().Settle();
+        }
+    });
+}
+
+TEST_F(Layout, TheButtonThatTurnsOffAllFiltersGivesTheKeyboardToTheListWhenItGreys) {
+    StoreFilter("A", 4, "0");
+    Look(call, [](DimensionChooser& chooser) {
+        driver::Ask(chooser.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(chooser.FiltersOffButton()),
+                    TRUE);
+        ASSERT_TRUE(driver::HasFocus(chooser.FiltersOffButton()));
+        driver::PressKey(chooser.FiltersOffButton(), VK_SPACE);
+        chooser.User().Settle();
+        EXPECT_FALSE(chooser.CanTurnOffAll());
+        EXPECT_TRUE(driver::HasFocus(chooser.List().Handle()));
+    });
+}
+
 TEST_F(Layout, CannotBeMadeSmallerThanAtFirst) {
     Look(call, [](DimensionChooser& chooser) {
         const Arrangement before(chooser);
@@ -183,6 +241,16 @@ TEST_F(Layout, GoesToASavedPlaceOffEveryScreen) {
         EXPECT_EQ(chooser.List().RowCount(), 1);
     });
     EXPECT_EQ(StoredNumber("", "x"), static_cast<DWORD>(-3000));
+}
+
+TEST_F(Layout, GoesToASavedPlaceAtTheEdgeOfTheScreen) {
+    StoreNumber("", "x", 0);
+    StoreNumber("", "y", 0);
+    Look(call, [](DimensionChooser& chooser) {
+        EXPECT_EQ(BoundsOf(chooser.Window()).left, 0);
+        EXPECT_EQ(BoundsOf(chooser.Window()).top, 0);
+    });
+    EXPECT_EQ(StoredNumber("", "x"), 0u);
 }
 
 TEST_F(Layout, APartOfThePlaceThatIsMissingStaysAtTheInitialOne) {
@@ -257,8 +325,8 @@ TEST_F(Layout, PutsControlsWhereASavedSizePutsThem) {
     StoreNumber("", "dy", 50);
     Look(call, [&](DimensionChooser& chooser) {
         const Arrangement grown(chooser);
-        EXPECT_EQ(grown.list.cx - first->list.cx, 100);
-        EXPECT_EQ(grown.list.cy - first->list.cy, 50);
+        EXPECT_EQ(100, grown.list.cx - first->list.cx);
+        EXPECT_EQ(50, grown.list.cy - first->list.cy);
         ExpectMoved(first->ok, grown.ok, 100, 50);
         ExpectMoved(first->filtersOff, grown.filtersOff, 100, 50);
     });

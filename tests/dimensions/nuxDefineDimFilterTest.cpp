@@ -1,6 +1,7 @@
 // The dialog that defines the filter of a numeric column.
 
 #include "dimensions/nuxDefineDimFilter.h"
+#include "driver/Canvas.h"
 #include "driver/Controls.h"
 #include "driver/Input.h"
 #include "driver/Messages.h"
@@ -16,7 +17,7 @@ using Texts = std::vector<std::string>;
 constexpr char wrongValue[] = "A wrong value has been encountered.";
 constexpr char reversed[] = "The upper limit is less than the lower limit.";
 
-class FilterDialogTest : public DimensionChooserTest {
+class FilterDefinition : public DimensionChooserFixture {
 protected:
     const DimensionsCall call = Call({{"A"}, {{"10"}, {"5"}, {"20"}, {"7.25"}}}, {{"A"}, {{"5"}, {"30"}}});
 
@@ -39,13 +40,35 @@ protected:
     static int CheckedSort(const FilterDialog& dialog) {
         return driver::CheckedButton(dialog.Window(), IDC_SORT_ASCENDING, IDC_SORT_NONE);
     }
+    /// Presses a key again and again. @return the controls that get the keyboard by that, up to the one that
+    /// has it at first; the edit field of a combo box counts as the box
+    static std::vector<int> Walk(DimensionChooser& chooser, WORD key) {
+        const auto focused = [&] {
+            GUITHREADINFO state{};
+            state.cbSize = sizeof state;
+            GetGUIThreadInfo(GetWindowThreadProcessId(chooser.Window(), nullptr), &state);
+            return state.hwndFocus;
+        };
+        const auto idOf = [](HWND control) {
+            return GetDlgCtrlID(driver::ClassOf(GetParent(control)) == "ComboBox" ? GetParent(control)
+                                                                                  : control);
+        };
+        const HWND first = focused();
+        std::vector<int> ids;
+        do {
+            driver::PressKey(focused(), key);
+            chooser.User().Settle();
+            ids.push_back(idOf(focused()));
+        } while (focused() != first && ids.size() < 20);
+        return ids;
+    }
     static bool IsVisible(const FilterDialog& dialog, int id) { return IsWindowVisible(dialog.Item(id)); }
     /// The character that the user's locale has as decimal separator, and the other one.
     static char Separator() { return DecimalPoint() ? '.' : ','; }
     static char OtherSeparator() { return DecimalPoint() ? ',' : '.'; }
 };
 
-TEST_F(FilterDialogTest, OpensWithoutAFilter) {
+TEST_F(FilterDefinition, OpensWithoutAFilter) {
     Define([](DimensionChooser&, FilterDialog& dialog) {
         EXPECT_EQ(CheckedType(dialog), IDC_FILTER_NONE);
         EXPECT_EQ(CheckedDatabase(dialog), IDC_DATABASE_BOTH);
@@ -57,7 +80,7 @@ TEST_F(FilterDialogTest, OpensWithoutAFilter) {
     });
 }
 
-TEST_F(FilterDialogTest, ShowsTheFilterOfTheColumn) {
+TEST_F(FilterDefinition, ShowsTheFilterOfTheColumn) {
     StoreFilter("A", 2, "5.5", "12", 2);
     Define([](DimensionChooser&, FilterDialog& dialog) {
         EXPECT_EQ(CheckedType(dialog), IDC_FILTER_BETWEEN);
@@ -68,7 +91,7 @@ TEST_F(FilterDialogTest, ShowsTheFilterOfTheColumn) {
     });
 }
 
-TEST_F(FilterDialogTest, HasAFormForEachType) {
+TEST_F(FilterDefinition, HasAFormForEachType) {
     struct {
         int button;
         const char* lowerLabel;
@@ -94,7 +117,7 @@ TEST_F(FilterDialogTest, HasAFormForEachType) {
     });
 }
 
-TEST_F(FilterDialogTest, OpensInTheFormOfItsFilter) {
+TEST_F(FilterDefinition, OpensInTheFormOfItsFilter) {
     StoreFilter("A", 3, "6");
     Define([](DimensionChooser&, FilterDialog& dialog) {
         EXPECT_EQ(driver::ControlText(dialog.Item(IDC_LOWER_LIMIT_LABEL)), "Filter value:");
@@ -103,7 +126,7 @@ TEST_F(FilterDialogTest, OpensInTheFormOfItsFilter) {
     });
 }
 
-TEST_F(FilterDialogTest, AFilterByTextChecksNoTypeAndIsLeftAsItIs) {
+TEST_F(FilterDefinition, AFilterByTextChecksNoTypeAndIsLeftAsItIs) {
     StoreNumber("A", "FilterType", 5);
     StoreText("A", "FilterString", "10");
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
@@ -116,7 +139,7 @@ TEST_F(FilterDialogTest, AFilterByTextChecksNoTypeAndIsLeftAsItIs) {
     EXPECT_EQ(StoredNumber("A", "FilterType"), 5u);
 }
 
-TEST_F(FilterDialogTest, AnUnknownDatabaseChecksNone) {
+TEST_F(FilterDefinition, AnUnknownDatabaseChecksNone) {
     StoreFilter("A", 0, "0", "0", 9);
     Define([](DimensionChooser&, FilterDialog& dialog) {
         EXPECT_EQ(CheckedDatabase(dialog), 0);
@@ -124,7 +147,75 @@ TEST_F(FilterDialogTest, AnUnknownDatabaseChecksNone) {
     });
 }
 
-TEST_F(FilterDialogTest, OffersTheDistinctValuesOfBothSourcesInOrder) {
+TEST_F(FilterDefinition, StartsAtItsFirstGroupAndTabsThroughGroupsFieldsAndButtons) {
+    StoreFilter("A", 2, "1", "2", 2);
+    Define([](DimensionChooser& chooser, FilterDialog& dialog) {
+        EXPECT_TRUE(driver::HasFocus(dialog.Item(IDC_FILTER_BETWEEN)));
+        EXPECT_EQ(Walk(chooser, VK_TAB),
+                  (std::vector<int>{IDC_LOWER_LIMIT, IDC_UPPER_LIMIT, IDC_DATABASE_USER, IDC_SORT_ASCENDING,
+                                    IDOK, IDCANCEL, IDC_FILTER_BETWEEN}));
+    });
+}
+
+TEST_F(FilterDefinition, ArrowKeysStayInTheirGroup) {
+    Define([](DimensionChooser& chooser, FilterDialog& dialog) {
+        EXPECT_EQ(Walk(chooser, VK_DOWN),
+                  (std::vector<int>{IDC_FILTER_EQUAL, IDC_FILTER_BETWEEN, IDC_FILTER_SMALLER_OR_EQUAL,
+                                    IDC_FILTER_GREATER_OR_EQUAL, IDC_FILTER_NONE}));
+        for (const auto& [first, group] :
+             {std::pair{IDC_DATABASE_BOTH,
+                        std::vector{IDC_DATABASE_STANDARD, IDC_DATABASE_USER, IDC_DATABASE_BOTH}},
+              std::pair{IDC_SORT_ASCENDING,
+                        std::vector{IDC_SORT_DESCENDING, IDC_SORT_NONE, IDC_SORT_ASCENDING}}}) {
+            dialog.Check(first);
+            driver::Ask(dialog.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(dialog.Item(first)), TRUE);
+            EXPECT_EQ(Walk(chooser, VK_DOWN), group);
+        }
+    });
+}
+
+TEST_F(FilterDefinition, AGroupWithoutACheckedButtonKeepsItsPlaceForTheKeyboard) {
+    StoreNumber("A", "FilterType", 5);
+    StoreNumber("A", "Database", 9);
+    Define([](DimensionChooser& chooser, FilterDialog& dialog) {
+        ASSERT_EQ(CheckedType(dialog), 0);
+        ASSERT_EQ(CheckedDatabase(dialog), 0);
+        EXPECT_TRUE(driver::HasFocus(dialog.Item(IDC_FILTER_NONE)));
+        EXPECT_EQ(Walk(chooser, VK_TAB),
+                  (std::vector<int>{IDC_LOWER_LIMIT, IDC_UPPER_LIMIT, IDC_DATABASE_STANDARD,
+                                    IDC_SORT_ASCENDING, IDOK, IDCANCEL, IDC_FILTER_NONE}));
+    });
+}
+
+TEST_F(FilterDefinition, EnterAndEscapeCloseAnOpenListAndNotTheDialog) {
+    Define([](DimensionChooser& chooser, FilterDialog& dialog) {
+        dialog.Check(IDC_FILTER_BETWEEN);
+        dialog.SetLower("99");  // which no entry begins with
+        for (const WORD key : {VK_RETURN, VK_ESCAPE}) {
+            for (const HWND box : {dialog.LowerBox(), dialog.UpperBox()}) {
+                driver::DropDown(box);
+                driver::PressKey(driver::EditOf(box), key);
+                chooser.User().Settle();
+                EXPECT_FALSE(driver::Ask(box, CB_GETDROPPEDSTATE)) << key;
+                ASSERT_TRUE(IsWindowVisible(dialog.Window())) << key;
+            }
+        }
+        EXPECT_EQ(dialog.Lower(), "99");
+    });
+}
+
+TEST_F(FilterDefinition, OpensWithTheAscendingSortAlsoAfterAnotherChoice) {
+    Look(call, [](DimensionChooser& chooser) {
+        for (const int choice : {IDC_SORT_DESCENDING, IDC_SORT_NONE, IDC_SORT_ASCENDING}) {
+            const FilterDialog dialog = chooser.DefineFilter(1);
+            EXPECT_EQ(CheckedSort(dialog), IDC_SORT_ASCENDING);
+            dialog.Check(choice);
+            dialog.Ok();
+        }
+    });
+}
+
+TEST_F(FilterDefinition, OffersTheDistinctValuesOfBothSourcesInOrder) {
     Define([](DimensionChooser&, FilterDialog& dialog) {
         EXPECT_EQ(driver::Entries(dialog.LowerBox()),
                   (Texts{Whole("5"), "7.25", Whole("10"), Whole("20"), Whole("30")}));
@@ -132,14 +223,14 @@ TEST_F(FilterDialogTest, OffersTheDistinctValuesOfBothSourcesInOrder) {
     });
 }
 
-TEST_F(FilterDialogTest, OffersValuesOfRowsThatAFilterHides) {
+TEST_F(FilterDefinition, OffersValuesOfRowsThatAFilterHides) {
     StoreFilter("A", 1, "10");
     Define([](DimensionChooser&, FilterDialog& dialog) {
         EXPECT_EQ(driver::Entries(dialog.LowerBox()).size(), 5u);
     });
 }
 
-TEST_F(FilterDialogTest, OffersTextsThatDifferThoughTheirNumbersDoNot) {
+TEST_F(FilterDefinition, OffersTextsThatDifferThoughTheirNumbersDoNot) {
     Look(Call({{"A"}, {{"5"}, {"5.0"}, {"5"}, {"-2"}}}), [](DimensionChooser& chooser) {
         const FilterDialog dialog = chooser.DefineFilter(1);
         EXPECT_EQ(driver::Entries(dialog.LowerBox()), (Texts{Whole("-2"), Whole("5"), Whole("5")}));
@@ -147,7 +238,7 @@ TEST_F(FilterDialogTest, OffersTextsThatDifferThoughTheirNumbersDoNot) {
     });
 }
 
-TEST_F(FilterDialogTest, OffersNothingWhereRowsHaveAttributesOnly) {
+TEST_F(FilterDefinition, OffersNothingWhereRowsHaveAttributesOnly) {
     DimensionsCall attributes;
     attributes.names = "<n><A/></n>";
     attributes.standard = SizeTable{{"A"}, {{"1"}, {"2"}}}.XmlOfAttributes();
@@ -158,7 +249,7 @@ TEST_F(FilterDialogTest, OffersNothingWhereRowsHaveAttributesOnly) {
     });
 }
 
-TEST_F(FilterDialogTest, ARowWithoutTheElementEndsTheValuesOfItsSource) {
+TEST_F(FilterDefinition, ARowWithoutTheElementEndsTheValuesOfItsSource) {
     DimensionsCall gap;
     gap.names = "<n><A/></n>";
     gap.standard = "<r><s A='1'><A>1</A></s><s A='2'/><s A='3'><A>3</A></s></r>";
@@ -170,7 +261,7 @@ TEST_F(FilterDialogTest, ARowWithoutTheElementEndsTheValuesOfItsSource) {
     });
 }
 
-TEST_F(FilterDialogTest, TheUpperLimitOffersWhatIsNotBelowTheLowerAndKeepsItsText) {
+TEST_F(FilterDefinition, TheUpperLimitOffersWhatIsNotBelowTheLowerAndKeepsItsText) {
     Define([](DimensionChooser&, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_BETWEEN);
         dialog.SetLower("7.5");
@@ -187,7 +278,7 @@ TEST_F(FilterDialogTest, TheUpperLimitOffersWhatIsNotBelowTheLowerAndKeepsItsTex
     });
 }
 
-TEST_F(FilterDialogTest, WhatWasTypedAsUpperLimitSurvivesTheListWhole) {
+TEST_F(FilterDefinition, WhatWasTypedAsUpperLimitSurvivesTheListWhole) {
     Define([](DimensionChooser&, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_BETWEEN);
         const std::string typed = std::string(200, '1') + ".5";
@@ -202,7 +293,7 @@ TEST_F(FilterDialogTest, WhatWasTypedAsUpperLimitSurvivesTheListWhole) {
     });
 }
 
-TEST_F(FilterDialogTest, OffersTheFirst127CharactersOfEachValueOnce) {
+TEST_F(FilterDefinition, OffersTheFirst127CharactersOfEachValueOnce) {
     const std::string five = "5." + std::string(125, '0');
     DimensionsCall longValues;
     longValues.names = "<n><A/></n>";
@@ -214,7 +305,7 @@ TEST_F(FilterDialogTest, OffersTheFirst127CharactersOfEachValueOnce) {
     });
 }
 
-TEST_F(FilterDialogTest, OffersZeroForAValueThatIsNoString) {
+TEST_F(FilterDefinition, OffersZeroForAValueThatIsNoString) {
     DimensionsCall typed;
     typed.names = "<n><A/></n>";
     typed.standard =
@@ -227,13 +318,13 @@ TEST_F(FilterDialogTest, OffersZeroForAValueThatIsNoString) {
     });
 }
 
-TEST_F(FilterDialogTest, WithoutArgumentsDefinesTheInactiveFilter) {
+TEST_F(FilterDefinition, WithoutArgumentsDefinesTheInactiveFilter) {
     const nuxDefineDimFilter dialog;
     EXPECT_TRUE(dialog.Filter().IsInactive());
     EXPECT_EQ(dialog.Sort(), SortModeNone);
 }
 
-TEST_F(FilterDialogTest, ValuesAreTakenFromTheLists) {
+TEST_F(FilterDefinition, ValuesAreTakenFromTheLists) {
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_BETWEEN);
         driver::ChooseEntry(dialog.LowerBox(), 1);
@@ -246,7 +337,7 @@ TEST_F(FilterDialogTest, ValuesAreTakenFromTheLists) {
     });
 }
 
-TEST_F(FilterDialogTest, FieldsTakeDigitsBackspaceAndOneSeparator) {
+TEST_F(FilterDefinition, FieldsTakeDigitsBackspaceAndOneSeparator) {
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_BETWEEN);
         for (const HWND box : {dialog.LowerBox(), dialog.UpperBox()}) {
@@ -267,7 +358,7 @@ TEST_F(FilterDialogTest, FieldsTakeDigitsBackspaceAndOneSeparator) {
     });
 }
 
-TEST_F(FilterDialogTest, PastingIsNotFiltered) {
+TEST_F(FilterDefinition, PastingIsNotFiltered) {
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_EQUAL);
         const HWND edit = driver::EditOf(dialog.LowerBox());
@@ -285,7 +376,7 @@ TEST_F(FilterDialogTest, PastingIsNotFiltered) {
     });
 }
 
-TEST_F(FilterDialogTest, RefusesWhatIsNoNumberFromZeroOn) {
+TEST_F(FilterDefinition, RefusesWhatIsNoNumberFromZeroOn) {
     Define([](DimensionChooser&, FilterDialog& dialog) {
         for (const int type : {IDC_FILTER_EQUAL, IDC_FILTER_SMALLER_OR_EQUAL, IDC_FILTER_GREATER_OR_EQUAL,
                                IDC_FILTER_BETWEEN}) {
@@ -301,7 +392,7 @@ TEST_F(FilterDialogTest, RefusesWhatIsNoNumberFromZeroOn) {
     });
 }
 
-TEST_F(FilterDialogTest, RefusesAnUpperLimitThatIsNoneOrBelowTheLower) {
+TEST_F(FilterDefinition, RefusesAnUpperLimitThatIsNoneOrBelowTheLower) {
     Define([](DimensionChooser&, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_BETWEEN);
         dialog.SetLower("10");
@@ -321,20 +412,28 @@ TEST_F(FilterDialogTest, RefusesAnUpperLimitThatIsNoneOrBelowTheLower) {
     EXPECT_EQ(StoredNumber("A", "FilterType"), 2u);
 }
 
-TEST_F(FilterDialogTest, ShowsItsMessagesOnTopOfItself) {
+TEST_F(FilterDefinition, ShowsItsMessagesOnTopOfItself) {
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_EQUAL);
         dialog.SetLower("");
         driver::Click(dialog.Item(IDOK));
         const HWND box = chooser.User().Dialog("Error");
         EXPECT_EQ(GetWindow(box, GW_OWNER), dialog.Window());
+        const driver::Picture error =
+            driver::DrawnIcon(LoadIconA(nullptr, IDI_ERROR), GetSysColor(COLOR_BTNFACE));
+        bool shown = false;
+        for (HWND part = GetWindow(box, GW_CHILD); part; part = GetWindow(part, GW_HWNDNEXT)) {
+            const auto icon = reinterpret_cast<HICON>(driver::Ask(part, STM_GETICON));
+            shown = shown || (icon && driver::DrawnIcon(icon, GetSysColor(COLOR_BTNFACE)) == error);
+        }
+        EXPECT_TRUE(shown);
         EXPECT_EQ(GetDlgItem(box, IDCANCEL) && IsWindowVisible(GetDlgItem(box, IDCANCEL)), false);
         driver::Click(driver::Item(box, IDOK));
         driver::WaitUntilGone(box);
     });
 }
 
-TEST_F(FilterDialogTest, TakesEveryNumberThatTheStandardLibraryReads) {
+TEST_F(FilterDefinition, TakesEveryNumberThatTheStandardLibraryReads) {
     struct {
         const char* text;
         const char* stored;
@@ -349,7 +448,7 @@ TEST_F(FilterDialogTest, TakesEveryNumberThatTheStandardLibraryReads) {
     }
 }
 
-TEST_F(FilterDialogTest, AtTheDecimalCommaATypedNumberEndsThere) {
+TEST_F(FilterDefinition, AtTheDecimalCommaATypedNumberEndsThere) {
     if (DecimalPoint())
         GTEST_SKIP() << "needs a locale with a decimal comma";
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
@@ -363,7 +462,7 @@ TEST_F(FilterDialogTest, AtTheDecimalCommaATypedNumberEndsThere) {
     });
 }
 
-TEST_F(FilterDialogTest, AShownWholeNumberCanBeTakenAsItStands) {
+TEST_F(FilterDefinition, AShownWholeNumberCanBeTakenAsItStands) {
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_EQUAL);
         driver::ChooseEntry(dialog.LowerBox(), 2);
@@ -373,7 +472,7 @@ TEST_F(FilterDialogTest, AShownWholeNumberCanBeTakenAsItStands) {
     });
 }
 
-TEST_F(FilterDialogTest, AHiddenUpperLimitIsKept) {
+TEST_F(FilterDefinition, AHiddenUpperLimitIsKept) {
     StoreFilter("A", 2, "1", "17.5");
     Define([](DimensionChooser&, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_EQUAL);
@@ -383,7 +482,7 @@ TEST_F(FilterDialogTest, AHiddenUpperLimitIsKept) {
     EXPECT_EQ(StoredText("A", "UpperLimit"), "17.5");
 }
 
-TEST_F(FilterDialogTest, WithoutATypeTheFieldsAreNotChecked) {
+TEST_F(FilterDefinition, WithoutATypeTheFieldsAreNotChecked) {
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
         dialog.SetLower("12 mm");
         dialog.SetUpper("word");
@@ -400,7 +499,7 @@ TEST_F(FilterDialogTest, WithoutATypeTheFieldsAreNotChecked) {
     EXPECT_EQ(StoredText("A", "UpperLimit"), Whole("0"));
 }
 
-TEST_F(FilterDialogTest, EscapeKeepsTheFilter) {
+TEST_F(FilterDefinition, EscapeKeepsTheFilter) {
     StoreFilter("A", 1, "10");
     Define([](DimensionChooser& chooser, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_NONE);
@@ -411,7 +510,7 @@ TEST_F(FilterDialogTest, EscapeKeepsTheFilter) {
     });
 }
 
-TEST_F(FilterDialogTest, ReadsTheFirst127CharactersOfAField) {
+TEST_F(FilterDefinition, ReadsTheFirst127CharactersOfAField) {
     Define([](DimensionChooser&, FilterDialog& dialog) {
         dialog.Check(IDC_FILTER_EQUAL);
         dialog.SetLower(std::string(126, '0') + "5 and what lies behind");
@@ -420,7 +519,7 @@ TEST_F(FilterDialogTest, ReadsTheFirst127CharactersOfAField) {
     EXPECT_EQ(StoredText("A", "LowerLimit"), Whole("5"));
 }
 
-TEST_F(FilterDialogTest, HasItsControlsWhereTheTemplatePutsThem) {
+TEST_F(FilterDefinition, HasItsControlsWhereTheTemplatePutsThem) {
     struct {
         int id, x, y, width, height;
     } const places[] = {{IDC_FILTER_NONE, 14, 20, 97, 10},
@@ -455,7 +554,7 @@ TEST_F(FilterDialogTest, HasItsControlsWhereTheTemplatePutsThem) {
         MapDialogRect(dialog.Window(), &whole);
         EXPECT_TRUE(EqualRect(&client, &whole));
         EXPECT_FALSE(GetWindowLongA(dialog.Window(), GWL_STYLE) & WS_THICKFRAME);
-        EXPECT_NE(SendMessageA(dialog.Window(), WM_GETICON, ICON_SMALL, 0), 0);
+        EXPECT_NE(0, SendMessageA(dialog.Window(), WM_GETICON, ICON_SMALL, 0));
     });
 }
 

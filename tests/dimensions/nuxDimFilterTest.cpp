@@ -29,9 +29,9 @@ TEST(nuxDimFilter, ANewFilterIsInactiveAndAcceptsEveryNumberOfBothSources) {
     const nuxDimFilter filter;
     EXPECT_TRUE(filter.IsInactive());
     EXPECT_EQ(filter.Type(), FilterNone);
-    EXPECT_EQ(filter.Lower(), 0.0);
-    EXPECT_EQ(filter.Upper(), 0.0);
-    EXPECT_EQ(filter.Text(), "");
+    EXPECT_EQ(0.0, filter.Lower());
+    EXPECT_EQ(0.0, filter.Upper());
+    EXPECT_EQ("", filter.Text());
     EXPECT_EQ(filter.Database(), DatabaseBoth);
     for (const double number : {-1.0, 0.0, 5.0, infinite, notANumber}) {
         EXPECT_TRUE(filter.PassesNumber(number, DatabaseStandard));
@@ -140,10 +140,10 @@ TEST(nuxDimFilter, TheTypeAloneDecidesWhetherTextOrNumberOfACellCounts) {
 TEST(nuxDimFilter, EachSetterLeavesTheFieldsOfTheOtherKind) {
     nuxDimFilter filter = NumberFilter(FilterBetween, 2.0, 3.0, DatabaseUser);
     filter.SetText(FilterStringEqual, "word", DatabaseStandard);
-    EXPECT_EQ(filter.Lower(), 2.0);
-    EXPECT_EQ(filter.Upper(), 3.0);
+    EXPECT_EQ(2.0, filter.Lower());
+    EXPECT_EQ(3.0, filter.Upper());
     filter.SetNumber(FilterNone, 0.0, 0.0, DatabaseBoth);
-    EXPECT_EQ(filter.Text(), "word");
+    EXPECT_EQ("word", filter.Text());
     EXPECT_TRUE(filter.IsInactive());
 }
 
@@ -151,7 +151,7 @@ TEST(nuxDimFilter, ACopyIsIndependent) {
     nuxDimFilter filter = TextFilter(FilterStringEqual, "word");
     const nuxDimFilter copy = filter;
     filter.SetText(FilterStringEqual, "other", DatabaseUser);
-    EXPECT_EQ(copy.Text(), "word");
+    EXPECT_EQ("word", copy.Text());
     EXPECT_EQ(copy.Database(), DatabaseBoth);
 }
 

@@ -1,7 +1,8 @@
 // The quick filter, with the real pointer: press the right button on a cell, drag to a value, let go.
 
-#include <set>
 #include "dimensions/nuxQFWindow.h"
+
+#include <set>
 
 #include "driver/Canvas.h"
 #include "driver/Input.h"
@@ -10,13 +11,15 @@
 #include "driver/PointerInput.h"
 #include "driver/Waiting.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/dimensions/MessageRecorder.h"
+#include "tests/support/TestedThreadWindow.h"
 
 namespace nux {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-class QuickFilter : public DimensionChooserTest {
+class QuickFilter : public DimensionChooserFixture {
 protected:
     const DimensionsCall call =
         Call({{"A", "B"}, {{"3", "round"}, {"1", "square"}, {"2", "round"}, {"1", "round"}}},
@@ -58,7 +61,7 @@ TEST_F(QuickFilter, OpensWithThePointerOnTheFirstValueAndEightRowsHigh) {
         EXPECT_EQ(pager.bottom - pager.top, 8 * gesture.RowHeight());
         EXPECT_EQ(GetWindow(gesture.Window(), GW_OWNER), chooser.Window());
         constexpr LONG frames = WS_POPUP | WS_CHILD | WS_CAPTION | WS_THICKFRAME | WS_SYSMENU;
-        EXPECT_EQ(GetWindowLongA(gesture.Window(), GWL_STYLE) & frames, LONG(WS_POPUP | WS_DLGFRAME));
+        EXPECT_EQ(LONG(WS_POPUP | WS_DLGFRAME), GetWindowLongA(gesture.Window(), GWL_STYLE) & frames);
         RECT client{};
         GetClientRect(gesture.Window(), &client);
         EXPECT_EQ(client.right, pager.right - pager.left);
@@ -114,10 +117,10 @@ TEST_F(QuickFilter, SetsTheNumberThatThePointerIsOver) {
         gesture.MoveTo(gesture.Value(1));
         gesture.Release();
         EXPECT_EQ(chooser.Rows(), (Texts{"2|round", "2|flat"}));
-        EXPECT_EQ(chooser.List().HeaderImage(1), 0);
+        EXPECT_EQ(0, chooser.List().HeaderImage(1));
         EXPECT_TRUE(chooser.CanTurnOffAll());
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 1u);
+    EXPECT_EQ(1u, StoredNumber("A", "FilterType"));
     EXPECT_EQ(StoredText("A", "LowerLimit"), Whole("2"));
 }
 
@@ -136,8 +139,8 @@ TEST_F(QuickFilter, SetsTheTextOfATextColumn) {
         gesture.Release();
         EXPECT_EQ(chooser.Rows(), (Texts{"1|square"}));
     });
-    EXPECT_EQ(StoredNumber("B", "FilterType"), 5u);
-    EXPECT_EQ(StoredText("B", "FilterString"), "square");
+    EXPECT_EQ(5u, StoredNumber("B", "FilterType"));
+    EXPECT_EQ("square", StoredText("B", "FilterString"));
 }
 
 TEST_F(QuickFilter, OffersTranslatedTextsInTheirOrder) {
@@ -162,7 +165,7 @@ TEST_F(QuickFilter, IsLeftAloneWhenReleasedOutside) {
         gesture.Release();
         EXPECT_EQ(chooser.Rows(), before);
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 4u);
+    EXPECT_EQ(4u, StoredNumber("A", "FilterType"));
 }
 
 TEST_F(QuickFilter, ReleasedBelowTheLastValueTurnsTheFilterOff) {
@@ -172,12 +175,12 @@ TEST_F(QuickFilter, ReleasedBelowTheLastValueTurnsTheFilterOff) {
         QuickFilterGesture gesture(chooser, 0, 1);
         gesture.MoveTo(gesture.Value(4));  // of three
         gesture.Release();
-        EXPECT_EQ(chooser.Rows().size(), 5u);
-        EXPECT_EQ(chooser.List().HeaderImage(1), -1);
+        EXPECT_EQ(5u, chooser.Rows().size());
+        EXPECT_EQ(-1, chooser.List().HeaderImage(1));
         EXPECT_FALSE(chooser.CanTurnOffAll());
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
-    EXPECT_EQ(StoredNumber("A", "Database"), 3u);
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
+    EXPECT_EQ(3u, StoredNumber("A", "Database"));
 }
 
 TEST_F(QuickFilter, ReplacesTheFilterOfTheColumnDatabaseIncluded) {
@@ -188,7 +191,7 @@ TEST_F(QuickFilter, ReplacesTheFilterOfTheColumnDatabaseIncluded) {
         gesture.Release();
         EXPECT_EQ(chooser.Rows(), (Texts{"2|round", "2|flat"}));
     });
-    EXPECT_EQ(StoredNumber("A", "Database"), 3u);
+    EXPECT_EQ(3u, StoredNumber("A", "Database"));
 }
 
 TEST_F(QuickFilter, LeavesTheOrderOfTheFileAndTheOtherFilters) {
@@ -220,16 +223,16 @@ TEST_F(QuickFilter, MarksTheValueUnderThePointerOnlyInsideTheWindow) {
 TEST_F(QuickFilter, ScrollsByOneRowWhileThePointerIsOnTheLowerButton) {
     Look(ManyValues(60), [](DimensionChooser& chooser) {
         QuickFilterGesture gesture(chooser, 0, 1);
-        EXPECT_EQ(gesture.ScrollPosition(), 0);
+        EXPECT_EQ(0, gesture.ScrollPosition());
         gesture.MoveTo(gesture.LowerButton());
         driver::WaitFor("a step of a single row", [&] {
             const int rows = gesture.ScrollPosition() / gesture.RowHeight();
-            EXPECT_EQ(gesture.ScrollPosition() % gesture.RowHeight(), 0);
+            EXPECT_EQ(0, gesture.ScrollPosition() % gesture.RowHeight());
             return rows % 5 != 0;
         });
         gesture.MoveTo({gesture.PagerBounds().right + 30, gesture.PagerBounds().top});
         gesture.Release();
-        EXPECT_EQ(chooser.List().RowCount(), 60);
+        EXPECT_EQ(60, chooser.List().RowCount());
     });
 }
 
@@ -247,7 +250,7 @@ TEST_F(QuickFilter, ScrollsByFiveRowsWithAKeyHeld) {
                     rows.insert(position / gesture.RowHeight() % 5);
                     return position >= end;
                 });
-                EXPECT_EQ(rows, std::set<int>{0}) << key;
+                EXPECT_EQ(std::set<int>{0}, rows) << key;
                 gesture.MoveTo({gesture.PagerBounds().right + 30, gesture.PagerBounds().top});
             }
             gesture.Release();
@@ -305,7 +308,7 @@ TEST_F(QuickFilter, IsLeftAloneWhenReleasedOnAScrollButton) {
                                 [&] { return gesture.ScrollPosition() < before; });
             }
             gesture.Release();
-            EXPECT_EQ(chooser.List().RowCount(), 40);
+            EXPECT_EQ(40, chooser.List().RowCount());
             EXPECT_FALSE(chooser.CanTurnOffAll());
         }
     });
@@ -324,7 +327,7 @@ TEST_F(QuickFilter, OfATextColumnWithoutValuesTurnsTheFilterOff) {
         gesture.Release();
         EXPECT_EQ(chooser.Rows(), (Texts{"x", "y"}));
     });
-    EXPECT_EQ(StoredNumber("A", "FilterType"), 0u);
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
 }
 
 TEST_F(QuickFilter, ARightButtonThatOpensNothingIsTheLists) {
@@ -337,11 +340,11 @@ TEST_F(QuickFilter, ARightButtonThatOpensNothingIsTheLists) {
             chooser.User().Settle();
         };
         press(list.CellMiddle(2, 0));
-        EXPECT_EQ(list.Selected(), std::vector<int>{2}) << "the list selects the row";
+        EXPECT_EQ(std::vector<int>{2}, list.Selected()) << "the list selects the row";
         const RECT last = list.CellBounds(list.RowCount() - 1, 1);
         press({last.left + 5, last.bottom + 20});
-        EXPECT_EQ(list.Selected(), std::vector<int>{}) << "the list selects none";
-        EXPECT_EQ(list.RowCount(), 5);
+        EXPECT_EQ(std::vector<int>{}, list.Selected()) << "the list selects none";
+        EXPECT_EQ(5, list.RowCount());
     });
 }
 
@@ -375,8 +378,132 @@ TEST_F(QuickFilter, DoesNotOpenOnTheMarkerColumnNorBesideTheRows) {
         // The next gesture shows that the two before are over.
         QuickFilterGesture gesture(chooser, 0, 1);
         gesture.Release();
-        EXPECT_EQ(chooser.List().RowCount(), 2);
+        EXPECT_EQ(2, chooser.List().RowCount());
     });
+}
+
+TEST_F(QuickFilter, OpensUnderThePointerAlsoWhereItPassesTheEdgeOfTheScreen) {
+    Look(call, [](DimensionChooser& chooser) {
+        RECT window{};
+        GetWindowRect(chooser.Window(), &window);
+        const POINT cell = driver::OnScreen(chooser.List().Handle(), chooser.List().CellMiddle(0, 2));
+        // The cell comes to stand a little before the lower right corner.
+        const int right = GetSystemMetrics(SM_CXSCREEN) - 4, bottom = GetSystemMetrics(SM_CYSCREEN) - 4;
+        SetWindowPos(chooser.Window(), nullptr, window.left + right - cell.x, window.top + bottom - cell.y, 0,
+                     0, SWP_NOSIZE | SWP_NOZORDER);
+        chooser.User().Settle();
+        QuickFilterGesture gesture(chooser, 0, 2);
+        const RECT list = gesture.ListBounds();
+        EXPECT_EQ(right - list.left, (list.right - list.left) / 4);
+        EXPECT_EQ(bottom - list.top, gesture.RowHeight() / 2);
+        EXPECT_GT(list.right, GetSystemMetrics(SM_CXSCREEN));
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|flat"}));
+    });
+}
+
+TEST_F(QuickFilter, IsForTheColumnUnderThePointerWhereverItStands) {
+    StoreNumber("A", "Order", 2);
+    StoreNumber("B", "Order", 1);
+    Look(call, [](DimensionChooser& chooser) {
+        ASSERT_EQ((std::vector<int>{0, 2, 1}), chooser.List().Order());
+        QuickFilterGesture(chooser, 0, 2).Release();
+        EXPECT_EQ(chooser.Rows(), (Texts{"2|flat"}));
+        QuickFilterGesture(chooser, 0, 1).Release();
+        EXPECT_EQ(0, chooser.List().HeaderImage(1));
+    });
+    EXPECT_EQ("flat", StoredText("B", "FilterString"));
+}
+
+TEST_F(QuickFilter, SetsTheFirstValueOfAButtonThatIsLetGoAtOnce) {
+    Look(call, [](DimensionChooser& chooser) {
+        driver::MovePointer(driver::OnScreen(chooser.List().Handle(), chooser.List().CellMiddle(0, 1)));
+        driver::PressPointer(driver::PointerButton::Right);
+        driver::ReleasePointer(driver::PointerButton::Right);
+        driver::WaitFor("the filter", [&] { return chooser.CanTurnOffAll() != FALSE; });
+        chooser.User().Settle();
+        EXPECT_EQ(chooser.Rows(), (Texts{"1|square", "1|round"}));
+        EXPECT_EQ(chooser.User().Windows(), (std::vector<HWND>{chooser.Window()}));
+    });
+}
+
+TEST_F(QuickFilter, KeepsAltAndF10FromTheWindowsAndNoOtherKey) {
+    Look(call, [](DimensionChooser& chooser) {
+        MessageRecorder recorder(
+            chooser.List().Handle(), [](UINT message, WPARAM key, LPARAM) -> std::string {
+                switch (message) {
+                    case WM_KEYDOWN:
+                    case WM_KEYUP:
+                    case WM_SYSKEYDOWN:
+                    case WM_SYSKEYUP:
+                        return std::to_string(message - WM_KEYFIRST) + " " + std::to_string(key);
+                    default:
+                        return {};
+                }
+            });
+        QuickFilterGesture gesture(chooser, 0, 1);
+        for (const WPARAM key : {VK_MENU, VK_F10, VK_SHIFT, VK_DOWN}) {
+            for (const UINT message : {WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN, WM_SYSKEYUP})
+                driver::Post(chooser.List().Handle(), message, key);
+        }
+        chooser.User().Settle();
+        EXPECT_EQ(recorder.Take(), (Texts{"0 16", "1 16", "4 16", "5 16", "0 40", "1 40", "4 40", "5 40"}));
+        gesture.MoveTo({gesture.PagerBounds().right + 30, gesture.PagerBounds().top});
+        gesture.Release();
+    });
+}
+
+TEST_F(QuickFilter, EndsWithoutAFilterWhenTheMouseIsTakenAway) {
+    const TestedThreadWindow host;
+    const std::function<void()> take = [&] { SetCapture(host.Handle()); };
+    Look(call, [&](DimensionChooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        host.Do(take);
+        driver::WaitUntilGone(gesture.Window());
+        GUITHREADINFO state{};
+        state.cbSize = sizeof state;
+        GetGUIThreadInfo(GetWindowThreadProcessId(chooser.Window(), nullptr), &state);
+        EXPECT_EQ(state.hwndCapture, host.Handle()) << "the mouse stays with whoever took it";
+        gesture.Release();
+        EXPECT_EQ(5, chooser.List().RowCount());
+        const std::function<void()> release = [] { ReleaseCapture(); };
+        host.Do(release);
+        chooser.User().Settle();
+    });
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
+}
+
+TEST_F(QuickFilter, EndsWhenTheHostQuitsAndHandsThatOn) {
+    const DWORD thread = GetCurrentThreadId();
+    const DimensionsResult result = Choose(call, [thread](DimensionChooser& chooser) {
+        QuickFilterGesture gesture(chooser, 0, 1);
+        PostThreadMessageA(thread, WM_QUIT, 42, 0);
+        driver::WaitUntilGone(gesture.Window());
+        driver::WaitUntilGone(chooser.Window());
+    });
+    EXPECT_FALSE(result.written && result.row);
+    MSG message{};
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) << "for the loop of the host";
+    EXPECT_EQ(42u, message.wParam);
+    EXPECT_EQ(0u, StoredNumber("A", "FilterType"));
+}
+
+TEST_F(QuickFilter, OfATextColumnOffersTranslationsOfNumbersToo) {
+    Translate("NUMBERS", {{"12", "zwoelf"}});
+    DimensionsCall mixed = Call({{"A"}, {{"12"}, {"round"}}});
+    mixed.catalog = "NUMBERS";
+    Look(mixed, [](DimensionChooser& chooser) {
+        EXPECT_EQ(chooser.Rows(), (Texts{"12", "round"})) << "the cell of a number is not translated";
+        QuickFilterGesture gesture(chooser, 0, 1);
+        gesture.MoveTo(gesture.Value(1));
+        gesture.Release();
+        EXPECT_EQ(chooser.Rows(), Texts{});
+    });
+    DWORD size = 32;
+    char text[32] = "";
+    RegGetValueA(HKEY_LOCAL_MACHINE, Key("A", "NUMBERS").c_str(), "FilterString", RRF_RT_REG_SZ, nullptr,
+                 text, &size);
+    EXPECT_STREQ("zwoelf", text);
 }
 
 TEST_F(QuickFilter, LeavesNoCaptureBehind) {
@@ -389,7 +516,7 @@ TEST_F(QuickFilter, LeavesNoCaptureBehind) {
         EXPECT_EQ(state.hwndCapture, gesture.ValueList());
         gesture.Release();
         GetGUIThreadInfo(thread, &state);
-        EXPECT_EQ(state.hwndCapture, nullptr);
+        EXPECT_EQ(nullptr, state.hwndCapture);
     });
 }
 

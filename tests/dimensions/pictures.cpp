@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <ole2.h>
 
 #include <cstdio>
@@ -14,6 +16,7 @@
 #include "control/nuxStdParts.h"
 #include "driver/Controls.h"
 #include "driver/Input.h"
+#include "driver/Messages.h"
 #include "driver/Picture.h"
 #include "driver/PointerInput.h"
 #include "driver/Waiting.h"

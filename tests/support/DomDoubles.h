@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "framework/Variant.h"
 #include "tests/support/HostDouble.h"
 
 namespace nux {
@@ -43,11 +44,14 @@ private:
     std::size_t next_ = 0;
 };
 
-/// A node that has a name at most.
+/// A node that has a name at most, and what a test gives it.
 class NameDouble : public CalledByNumber<IXMLDOMNode> {
 public:
     /// @param name  none: the name can't be read
     explicit NameDouble(std::optional<std::wstring> name) : name_(std::move(name)) {}
+
+    Variant value;                ///< empty: it can't be read
+    IXMLDOMNode* text = nullptr;  ///< what any selection finds; not held
 
     STDMETHODIMP get_nodeName(BSTR* name) override {
         *name = name_ ? SysAllocString(name_->c_str()) : nullptr;
@@ -75,14 +79,22 @@ public:
     STDMETHODIMP put_text(BSTR) override { return E_NOTIMPL; }
     STDMETHODIMP get_specified(VARIANT_BOOL*) override { return E_NOTIMPL; }
     STDMETHODIMP get_definition(IXMLDOMNode**) override { return E_NOTIMPL; }
-    STDMETHODIMP get_nodeTypedValue(VARIANT*) override { return E_NOTIMPL; }
+    STDMETHODIMP get_nodeTypedValue(VARIANT* typed) override {
+        return value.Type() == VT_EMPTY ? E_NOTIMPL : value.CopyTo(typed);
+    }
     STDMETHODIMP put_nodeTypedValue(VARIANT) override { return E_NOTIMPL; }
     STDMETHODIMP get_dataType(VARIANT*) override { return E_NOTIMPL; }
     STDMETHODIMP put_dataType(BSTR) override { return E_NOTIMPL; }
     STDMETHODIMP get_xml(BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP transformNode(IXMLDOMNode*, BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP selectNodes(BSTR, IXMLDOMNodeList**) override { return E_NOTIMPL; }
-    STDMETHODIMP selectSingleNode(BSTR, IXMLDOMNode**) override { return E_NOTIMPL; }
+    STDMETHODIMP selectSingleNode(BSTR, IXMLDOMNode** found) override {
+        if (!text)
+            return E_NOTIMPL;
+        text->AddRef();
+        *found = text;
+        return S_OK;
+    }
     STDMETHODIMP get_parsed(VARIANT_BOOL*) override { return E_NOTIMPL; }
     STDMETHODIMP get_namespaceURI(BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP get_prefix(BSTR*) override { return E_NOTIMPL; }
