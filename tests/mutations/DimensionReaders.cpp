@@ -129,12 +129,12 @@ public:
         list_.RemoveColumns();
         table.InitColumns(list_);
         table.FillRows();
-        const std::size_t all = table.Rows().Count();
+        const int all = table.Rows().Count();
         Check(table);
         if (table.ColumnCount() > 1) {
             const int column = 1 + static_cast<int>(random.Below(table.ColumnCount() - 1));
             const bool numeric = random.OneIn(4) ? random.OneIn(2) : table.At(column).numeric;
-            nuxLVSort(list_, table.Rows(), static_cast<unsigned>(column), numeric).Sort(random.OneIn(2));
+            nuxLVSort(list_, table.Rows(), column, numeric).Sort(random.OneIn(2));
             Check(table);
             CollectValues(table, column);
             table.SetFilter(column, AnyFilter(random, table, column));
@@ -158,7 +158,7 @@ public:
 private:
     void Check(const DimensionTable& table) const {
         const int count = ListView_GetItemCount(list_.Handle());
-        Require(static_cast<std::size_t>(count) == table.Rows().Count(), "rows that the list lacks");
+        Require(count == table.Rows().Count(), "rows that the list lacks");
         for (int row = 0; row < count; row += 7)
             Require(static_cast<bool>(table.Rows().Find(list_.RowData(row))), "a row that nobody knows");
     }
