@@ -208,19 +208,17 @@ private:
         static std::vector<WORD> buttons;
         return buttons;
     }
+    static BOOL CALLBACK Press(HWND window, LPARAM) {
+        char name[16];
+        GetClassNameA(window, name, sizeof name);
+        if (std::string_view(name) == "#32770") {
+            for (const WORD button : Buttons())
+                PostMessageA(window, WM_COMMAND, button, 0);
+        }
+        return TRUE;
+    }
     static void CALLBACK Close(HWND, UINT, UINT_PTR, DWORD) {
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM) -> BOOL {
-                char name[16];
-                GetClassNameA(window, name, sizeof name);
-                if (std::string_view(name) == "#32770") {
-                    for (const WORD button : Buttons())
-                        PostMessageA(window, WM_COMMAND, button, 0);
-                }
-                return TRUE;
-            },
-            0);
+        EnumThreadWindows(GetCurrentThreadId(), &Press, 0);
     }
 
     UINT_PTR timer_;
