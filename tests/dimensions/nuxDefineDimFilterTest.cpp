@@ -195,7 +195,8 @@ TEST_F(FilterDefinition, EnterAndEscapeCloseAnOpenListAndNotTheDialog) {
             for (const HWND box : {dialog.LowerBox(), dialog.UpperBox()}) {
                 driver::DropDown(box);
                 driver::PressKey(driver::EditOf(box), key);
-                driver::WaitFor("a list that folds up", [&] { return !driver::Ask(box, CB_GETDROPPEDSTATE); });
+                driver::WaitFor("a list that folds up",
+                                [&] { return !driver::Ask(box, CB_GETDROPPEDSTATE); });
                 chooser.User().Settle();
                 ASSERT_TRUE(IsWindowVisible(dialog.Window())) << key;
             }
