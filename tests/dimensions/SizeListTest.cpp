@@ -1,5 +1,7 @@
 // The columns of the chooser's list: their widths and order, how they are kept, and the rules of column 0.
 
+#include <algorithm>
+
 #include "driver/Input.h"
 #include "driver/Picture.h"
 #include "driver/PointerInput.h"
@@ -253,6 +255,8 @@ TEST_F(Columns, ADropIsDrawnOnceAtItsEnd) {
                                  });
         EXPECT_FALSE(DropRefused(chooser, 3, 1));
         std::vector<std::string> seen = recorder.Take();
+        // The list may still have been painted for its opening.
+        seen.erase(seen.begin(), std::find(seen.begin(), seen.end(), "off"));
         seen.resize(4);
         EXPECT_EQ((std::vector<std::string>{"off", "order", "on", "paint"}), seen);
     });
