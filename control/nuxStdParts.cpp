@@ -1,5 +1,6 @@
 #include "control/nuxStdParts.h"
 
+#include "control/OutArguments.h"
 #include "environment/DiagnosticLog.h"
 #include "environment/InstallationPaths.h"
 #include "environment/XMLAccess.h"
@@ -21,14 +22,6 @@ const WindowClass& ControlWindowClass() noexcept {
     return windowClass;
 }
 
-/// Hands out a reference of the object, or null and S_FALSE.
-template <class Interface>
-HRESULT HandOut(const ComPtr<Interface>& object, IDispatch** pVal) {
-    Require(pVal, L"pVal");
-    object.CopyTo(pVal);
-    return object ? S_OK : S_FALSE;
-}
-
 }  // namespace
 
 nuxStdParts::nuxStdParts()
@@ -36,7 +29,10 @@ nuxStdParts::nuxStdParts()
 
 void nuxStdParts::OnLastRelease() noexcept {
     ReleaseContainer();
+    m_StatusBar.Reset();
     RevokeActiveObject(m_ActiveObjectCookie, nullptr);
+    m_Browser.Reset();
+    m_ComponentNode.Reset();
     m_EditedComponent.Reset();
     WithdrawHost3D(this);
     m_3D.Reset();
@@ -95,10 +91,6 @@ STDMETHODIMP nuxStdParts::put_nux3D(IDispatch* newVal) {
             WithdrawHost3D(this);
         m_3D = ComPtr<IDispatch>(newVal);
     });
-}
-
-STDMETHODIMP nuxStdParts::get_EditedComponent(IDispatch** pVal) {
-    return Operation([&] { return HandOut(m_EditedComponent, pVal); });
 }
 
 STDMETHODIMP nuxStdParts::get_Initialised(long* pVal) {

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <exdisp.h>
+#include <msxml2.h>
+
+#include <array>
+#include <span>
 #include <string>
 
 #include "Inux3D.h"
@@ -47,8 +52,6 @@ public:
     /// Null lets go of the old one. Another than before is asked for folders only from the next SetTRNVPaths
     /// on.
     STDMETHODIMP put_nux3D(IDispatch* newVal) override;
-    /// S_FALSE and null when there is none.
-    STDMETHODIMP get_EditedComponent(IDispatch** pVal) override;
     /// A note for scripts, 0 or 1; nothing here reads it.
     STDMETHODIMP get_Initialised(long* pVal) override;
     /// E_INVALIDARG for a value that is neither 0 nor 1.
@@ -131,26 +134,65 @@ public:
                                   VARIANT DefaultValuesVar, VARIANT StdDimensionVar, VARIANT UsrDimensionVar,
                                   IDispatch** ChosenDimensions) override;
 
+    // The host's browser, the control's window, the status bar: BrowserServices.cpp
+
+    /// Takes the browser in which pages are shown. Nothing is navigated.
+    /// @param Browser  one reference on it is kept for the life of the process
+    /// @return what its query for IWebBrowser2 returned; E_INVALIDARG for null. The old browser is gone
+    /// either way
+    STDMETHODIMP AttachBrowser(IDispatch* Browser) override;
+    /// S_FALSE and null when there is none.
+    STDMETHODIMP get_WebBrowser(IDispatch** pVal) override;
+    /// Closes the edited component and opens a page. A file that is missing is told to the user; without a
+    /// browser nothing is opened. S_OK in any case.
+    STDMETHODIMP Navigate(BSTR url) override;
+    /// Takes the status bar: an object with SetMessage, SetProgress, CreateProgressBar, DestroyProgressBar.
+    /// @return E_FAIL if it lacks one; then there is none
+    STDMETHODIMP put_StatusBar(IDispatch* newVal) override;
+    STDMETHODIMP UnLoadStatusBar() override;
+    // Forwarded to the status bar, whose result is returned. S_FALSE without one.
+    STDMETHODIMP SetStatusMessage(BSTR Message) override;
+    STDMETHODIMP CreateProgressBar() override;
+    STDMETHODIMP DestroyProgressBar() override;
+    STDMETHODIMP UpdateProgressBar(long Position) override;
+
+    // The current component: ComponentServices.cpp
+
+    /// Takes the component of the model that is being edited. CatalogID and ComponentID stay as they are.
+    /// @param EditedComponent  VT_DISPATCH with an InuxEditedComponent; anything else drops the current
+    /// component and
+    ///                         opens the default page
+    /// @param fReload          0 to keep the object only; otherwise its part is found and its page opened
+    /// @return E_INVALIDARG for an object of another kind; E_FAIL, after the user was told, if part or page
+    /// are missing
+    STDMETHODIMP SetEditedComponent(VARIANT EditedComponent, long fReload) override;
+    /// Makes a part of a catalogue the current component; its page is the caller's to open.
+    /// @return S_OK also if there is none: the user was told, and CatalogID and ComponentID stay as they were
+    STDMETHODIMP GetComponent(BSTR CatalogID, BSTR ComponentID) override;
+    /// S_FALSE and null when there is none.
+    STDMETHODIMP get_EditedComponent(IDispatch** pVal) override;
+    STDMETHODIMP get_CatalogID(BSTR* pVal) override;
+    STDMETHODIMP get_ComponentID(BSTR* pVal) override;
+
+    // Files and their applications, file names, export: HostServices.cpp
+
+    /// Opens a file with its application. E_FAIL if nothing could be started.
+    STDMETHODIMP ExecuteFileInShell(BSTR FileName) override;
+    /// Asks for the name of a file to save, over the control's window.
+    /// @param Filter    pairs of a description and patterns, all joined with "|": "IGES|*.igs"
+    /// @param FileName  receives the path, or an empty text if the user cancels. E_FAIL for null
+    STDMETHODIMP GetSaveFileName(BSTR Title, BSTR Filter, BSTR DefFileName, BSTR DefExtension,
+                                 BSTR* FileName) override;
+    /// Asks where a moldbase is to be exported, over the host's window; nothing is made there.
+    /// @param fSingleFile  0 asks for a folder and gives its "Moldbase" subfolder, otherwise for an IGES file
+    /// @param ExportPath   receives the path, or an empty text if the user cancels
+    /// @return E_FAIL if the host's main object can't be reached
+    STDMETHODIMP TRNVExportDlg(long fSingleFile, BSTR* ExportPath) override;
+
     // Operations that this version does not offer yet: E_NOTIMPL, with every out argument left as it is.
 
-    STDMETHODIMP SetEditedComponent(VARIANT, long) override { return NotOffered(); }
-    STDMETHODIMP Navigate(BSTR) override { return NotOffered(); }
-    STDMETHODIMP get_CatalogID(BSTR*) override { return NotOffered(); }
-    STDMETHODIMP get_ComponentID(BSTR*) override { return NotOffered(); }
-    STDMETHODIMP SetStatusMessage(BSTR) override { return NotOffered(); }
-    STDMETHODIMP CreateProgressBar() override { return NotOffered(); }
-    STDMETHODIMP DestroyProgressBar() override { return NotOffered(); }
-    STDMETHODIMP UpdateProgressBar(long) override { return NotOffered(); }
-    STDMETHODIMP ExecuteFileInShell(BSTR) override { return NotOffered(); }
-    STDMETHODIMP GetSaveFileName(BSTR, BSTR, BSTR, BSTR, BSTR*) override { return NotOffered(); }
     STDMETHODIMP NewComponent(long, long*) override { return NotOffered(); }
-    STDMETHODIMP GetComponent(BSTR, BSTR) override { return NotOffered(); }
-    STDMETHODIMP get_WebBrowser(IDispatch**) override { return NotOffered(); }
     STDMETHODIMP MessageBox(BSTR, BSTR, long, long*) override { return NotOffered(); }
-    STDMETHODIMP AttachBrowser(IDispatch*) override { return NotOffered(); }
-    STDMETHODIMP put_StatusBar(IDispatch*) override { return NotOffered(); }
-    STDMETHODIMP UnLoadStatusBar() override { return NotOffered(); }
-    STDMETHODIMP TRNVExportDlg(long, BSTR*) override { return NotOffered(); }
     STDMETHODIMP MessageBoxHTML(BSTR, BSTR, long, VARIANT_BOOL, long, long, long*) override {
         return NotOffered();
     }
@@ -169,6 +211,36 @@ protected:
     void OnLastRelease() noexcept;
 
 private:
+    /// The commands of the control's window, sent by the host.
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    /// Tells the user of a failure; the text is localised from the common messages.
+    void ShowError(const char* messageId);
+    /// Tells the edited component that it is none any more, and lets go of it.
+    void CloseEditedComponent() noexcept;
+    void LoadDefaultPage();
+    void LoadWizardPage();
+    /// Calls a global function of the current page. E_FAIL if there is no page or no such function, else its
+    /// result.
+    HRESULT CallPageScript(const wchar_t* name, std::span<const Variant> arguments = {},
+                           Variant* result = nullptr);
+    /// Tells the user, shows the default page, and raises E_FAIL.
+    [[noreturn]] void FailEditedComponent(const char* messageId);
+    /// Finds the component's part and opens its page.
+    void OpenEditedComponent(const ComPtr<InuxEditedComponent>& edited);
+    void LoadComponent(std::string catalogId, std::string componentId);
+    /// The object of the host that has its main window. Raises E_FAIL if it can't be reached.
+    ComPtr<IDispatch> MainObjectOfHost() const;
+
+    enum StatusBarMember {
+        setMessage,
+        setProgress,
+        createProgressBar,
+        destroyProgressBar,
+        statusBarMemberCount
+    };
+    HRESULT CallStatusBar(StatusBarMember member, std::span<const Variant> arguments = {});
+
     HRESULT GetText(const std::string& text, BSTR* pVal) noexcept;
     HRESULT PutText(std::string& text, BSTR newVal) noexcept;
     HRESULT NotOffered() noexcept;
@@ -178,11 +250,18 @@ private:
     // Two styles of names meet in the automation classes. State that a client of the object can tell, or that
     // is told of under this name in documents for hosts, is m_ and the capital word by which they know it.
     // All else, as in all other classes, has the underscore behind.
+    long m_CommandFlag = 0;  ///< for the host's 3D side; nothing here ever changes it
+    ComPtr<IWebBrowser2> m_Browser;
+    long m_ComponentState = 0;
+    ComPtr<IXMLDOMNode> m_ComponentNode;
     ComPtr<InuxEditedComponent> m_EditedComponent;
+    std::string m_CatalogID;
+    std::string m_ComponentID;
     std::string m_CatalogPath;
     std::string m_DataPath;
     std::string m_GUIPath;
     std::string m_CustomDimsPath;
+    std::string m_PendingURL;  ///< of the last Navigate without a browser
     std::string m_UserData;
     long m_DebugSessionStatus = 0;
     Variant m_GlobalData;
@@ -192,6 +271,9 @@ private:
     ComPtr<IDispatch> m_3D;
     ComPtr<IDispatch> m_ExternalDispatch;
     ComPtr<IDispatch> m_LifterWizard;
+    ComPtr<IDispatch> m_StatusBar;
+    std::array<DISPID, statusBarMemberCount> StatusBarDispIDs{};
+    HWND m_BrowserHWND = nullptr;
     HWND m_HostHWND = nullptr;
     std::string m_LastRVCCmdResult;
     BrowserEventSink browserEvents_{static_cast<InuxStdParts&>(*this)};

@@ -26,6 +26,11 @@ std::string CatalogURL(std::string_view catalogRoot, std::string_view catalogId)
     return Joined({fileScheme, catalogRoot, catalogId, "\\Catalog.xml"});
 }
 
+std::string ComponentPageURL(std::string_view catalogRoot, std::string_view catalogId,
+                             std::string_view file) {
+    return Joined({fileScheme, catalogRoot, catalogId, "\\", file});
+}
+
 std::string StdDimensionsURL(std::string_view catalogRoot, std::string_view catalogId,
                              std::string_view componentId) {
     return Joined({fileScheme, catalogRoot, catalogId, "\\StdDimensions\\", componentId, ".xml"});
@@ -55,6 +60,14 @@ std::string MessagesURL(std::string_view localeFolder, std::string_view language
                         std::string_view catalogId) {
     return Joined(
         {fileScheme, localeFolder, language, "\\", catalogId.empty() ? "COMMON" : catalogId, "_Msgs.xml"});
+}
+
+std::string DefaultPageURL(std::string_view dataPath) {
+    return Joined({fileScheme, dataPath, "Tarnvale.htm"});
+}
+
+std::string WizardPageURL(std::string_view dataPath) {
+    return Joined({fileScheme, dataPath, "Wizard.htm"});
 }
 
 std::string DefaultLogPath(std::string_view guiPath) {

@@ -19,6 +19,9 @@ std::string CatalogURL(std::string_view catalogFolder);
 /// The same below the root of all catalogues.
 std::string CatalogURL(std::string_view catalogRoot, std::string_view catalogId);
 
+/// A component's own page, a file of the catalogue's folder.
+std::string ComponentPageURL(std::string_view catalogRoot, std::string_view catalogId, std::string_view file);
+
 /// A component's dimension file as the catalogue brings it.
 std::string StdDimensionsURL(std::string_view catalogRoot, std::string_view catalogId,
                              std::string_view componentId);
@@ -37,6 +40,11 @@ std::string CatalogLocaleFolder(std::string_view catalogFolder);
 std::string ResourceModulePath(std::string_view localeFolder, std::string_view language);
 /// The messages of a catalogue in a language; an empty ID asks for those that are common to all.
 std::string MessagesURL(std::string_view localeFolder, std::string_view language, std::string_view catalogId);
+
+/// The page that is shown when there is nothing else to show.
+std::string DefaultPageURL(std::string_view dataPath);
+/// The page with which a wizard starts.
+std::string WizardPageURL(std::string_view dataPath);
 
 /// The log that a debug session writes unless it names another: four levels above the folder of the wizard
 /// pages.

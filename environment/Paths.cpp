@@ -6,16 +6,28 @@
 #include "framework/Handles.h"
 
 namespace nux {
-bool FileExists(const std::string& path) noexcept {
-    const UniqueFile file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+namespace {
+
+bool CanBeRead(const char* path) noexcept {
+    const UniqueFile file(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     return static_cast<bool>(file);
 }
 
-void CutClosingSeparator(std::string& path) noexcept {
+}  // namespace
+
+bool FileExists(const std::string& path) noexcept {
+    return CanBeRead(path.c_str());
+}
+
+bool EndsInSeparator(const std::string& path) noexcept {
     // The last byte may be the second half of a double-byte character.
     const char* const last = CharPrevA(path.c_str(), path.c_str() + path.size());
-    if (*last == '/' || *last == '\\')
+    return *last == '/' || *last == '\\';
+}
+
+void CutClosingSeparator(std::string& path) noexcept {
+    if (EndsInSeparator(path))
         path.pop_back();
 }
 
@@ -29,7 +41,7 @@ bool DirectoryExists(std::string path) noexcept {
 bool URLTargetExists(const std::string& url) noexcept {
     if (_strnicmp(url.c_str(), fileScheme.data(), fileScheme.size()) != 0)
         return true;
-    return FileExists(url.c_str() + fileScheme.size());
+    return CanBeRead(url.c_str() + fileScheme.size());
 }
 
 }  // namespace nux

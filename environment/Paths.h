@@ -8,6 +8,9 @@ namespace nux {
 /// process holds without read sharing, count as missing.
 bool FileExists(const std::string& path) noexcept;
 
+/// Whether the last character of a path is a slash or a backslash.
+bool EndsInSeparator(const std::string& path) noexcept;
+
 /// Takes one closing separator, a slash or a backslash, off the end of a path.
 void CutClosingSeparator(std::string& path) noexcept;
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "framework/ComPtr.h"
 #include "framework/Text.h"
 
 namespace nux {
@@ -38,6 +39,13 @@ public:
         VARIANT value{};
         value.vt = VT_I4;
         value.lVal = number;
+        Take(value);
+    }
+    /// An object, or null.
+    void SetObject(ComPtr<IDispatch> object) noexcept {
+        VARIANT value{};
+        value.vt = VT_DISPATCH;
+        value.pdispVal = object.Detach();
         Take(value);
     }
     void SetError(SCODE code) noexcept {

@@ -63,11 +63,27 @@ set_tests_properties(language_tests_en_US PROPERTIES LABELS "")
 nux_windows_test(double_byte_tests environment/DoubleByteTest.cpp)
 set_tests_properties(double_byte_tests PROPERTIES LABELS once ENVIRONMENT "NUX_LOCALE=ja_JP.UTF-8")
 
+nux_layer_tests(dialogs)
+# What the tests of errors run in a process of its own.
+add_executable(show_error dialogs/show_error.cpp)
+target_link_libraries(show_error PRIVATE dialogs)
+add_dependencies(dialogs_tests show_error)
+
 # The automation object is tested in the registered module: from C++ with doubles of the host's objects, and from
 # scripts.
 nux_layer_tests(control)
-target_sources(control_tests PRIVATE control/Component.cpp control/ControlSite.cpp control/LifterWizardClass.cpp)
-add_dependencies(control_tests nuxStdPartsAX)
+target_sources(control_tests PRIVATE control/Component.cpp control/ControlSite.cpp control/HostedComponent.cpp
+    control/LifterWizardClass.cpp control/control_tests.rc)
+# The sample host's objects take their type library from the program that they are in.
+target_link_libraries(control_tests PRIVATE host)
+set_source_files_properties(control/control_tests.rc PROPERTIES
+    INCLUDE_DIRECTORIES "${PROJECT_BINARY_DIR}/layers/host;${PROJECT_BINARY_DIR}/generated/host"
+    OBJECT_DEPENDS "${PROJECT_BINARY_DIR}/generated/host/SampleHost.tlb")
+add_dependencies(control_tests nuxStdPartsAX started fail_with_log)
+# What the tests run in a process of its own.
+add_executable(started control/started.cpp)
+add_executable(fail_with_log control/fail_with_log.cpp)
+target_link_libraries(fail_with_log PRIVATE control)
 # The shared run-time library of the compiler, which ExceptionTest loads beside the module, and what that needs itself.
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     set(shared_run_time libgcc_s_dw2-1.dll libwinpthread-1.dll)
@@ -85,6 +101,12 @@ add_test(NAME module_imports_and_exports
 add_test(NAME language_module_is_data COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/resources/check-language-module
     ${CMAKE_OBJDUMP} $<TARGET_FILE:resource_german>)
 set_tests_properties(module_imports_and_exports language_module_is_data PROPERTIES LABELS "module;once")
+
+# The sample host as a program.
+nux_layer_tests(host)
+target_link_libraries(host_tests PRIVATE host)
+target_compile_definitions(host_tests PRIVATE NUX_SAMPLE_HOST="Z:$<TARGET_FILE:SampleHostProgram>")
+add_dependencies(host_tests SampleHostProgram SampleHost nuxStdPartsAX)
 
 file(GLOB scripts CONFIGURE_DEPENDS scripts/*_test.js scripts/*_test.vbs)
 foreach(script ${scripts})
@@ -151,5 +173,6 @@ get_property(tests DIRECTORY PROPERTY TESTS)
 list(REMOVE_ITEM tests module_imports_and_exports language_module_is_data)
 set_tests_properties(${tests} PROPERTIES FIXTURES_REQUIRED prefix)
 add_test(NAME prefix
-    COMMAND ${PROJECT_SOURCE_DIR}/wine/make-prefix ${PROJECT_BINARY_DIR}/prefix $<TARGET_FILE:nuxStdPartsAX>)
+    COMMAND ${PROJECT_SOURCE_DIR}/wine/make-prefix ${PROJECT_BINARY_DIR}/prefix
+        $<TARGET_FILE:nuxStdPartsAX> $<TARGET_FILE:SampleHost>)
 set_tests_properties(prefix PROPERTIES FIXTURES_SETUP prefix TIMEOUT 120)

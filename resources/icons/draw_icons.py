@@ -260,6 +260,16 @@ def Sort(size, turned=lambda shape: shape):
 FUNNEL = ((0, 1), (16, 1), (16, 4), (10, 10), (10, 13), (6, 15.5), (6, 10), (0, 4))
 
 
+def SampleHost(size):
+    """A window with a headed pin in it."""
+    drawing = Drawing(size)
+    drawing.Add(Box(0, 1, 16, 15), "w")
+    drawing.Add(Box(0, 1, 16, 5), "b")
+    drawing.Add(Box(5, 8, 14, 12), "l", "b")
+    drawing.Add(Box(2, 6.5, 5.5, 13.5), "w", "s")
+    return drawing.Grid()
+
+
 def Filter(size):
     drawing = Drawing(size)
     drawing.Add(Polygon(*FUNNEL), "y", "o")
@@ -290,6 +300,7 @@ ICONS = {
     "filter": [Filter(size) for size in SIZES],
     "filter_off": [FilterOff(size) for size in SIZES],
     "html_dialog": [HTML_DIALOG_16, HTML_DIALOG_32],
+    "sample_host": [SampleHost(size) for size in SIZES],
 }
 TOOLBOX = TOOLBOX_16
 

@@ -163,7 +163,7 @@ TEST_F(SaysWhy, AnArgumentIsWrong) {
 }
 
 TEST_F(SaysWhy, AnOperationIsNotOffered) {
-    Expect(E_NOTIMPL, L"does not offer this operation yet", parts->Navigate(nullptr));
+    Expect(E_NOTIMPL, L"does not offer this operation yet", parts->DeleteClosedModelessIEDlgs());
 }
 
 TEST_F(SaysWhy, TheDataManagerHasNothingOrTakesNothing) {

@@ -3,8 +3,11 @@
 
 #include <windows.h>
 
+#include <commdlg.h>
 #include <gtest/gtest.h>
 #include <ocidl.h>
+#include <shellapi.h>
+#include <shlobj.h>
 
 #include <algorithm>
 #include <functional>
@@ -12,8 +15,10 @@
 
 #include "tests/control/ControlSinks.h"
 #include "tests/control/ControlSite.h"
+#include "tests/control/HostedComponent.h"
 #include "tests/control/LifterWizardClass.h"
 #include "tests/support/FailingAllocations.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/support/Installation.h"
 #include "tests/support/ModuleFunctions.h"
 #include "tests/support/RawVariant.h"
@@ -23,11 +28,10 @@ namespace {
 
 using Extent = FailingAllocations::Extent;
 
-class AllocationFailure : public InstallationTest {
+class AllocationFailure : public HostedTest {
 protected:
     void SetUp() override {
-        InstallationTest::SetUp();
-        folder.Write("catalogs\\BOLTS\\Catalog.xml", "<Catalog/>");
+        HostedTest::SetUp();
         folder.Write("catalogs\\BOLTS\\StdDimensions\\M8.xml", "<Dims/>");
         folder.Write("custom\\catalogs\\BOLTS\\UsrDimensions\\M8.xml", "<Dims/>");
         folder.MakeFolder("locale\\English");
@@ -251,6 +255,185 @@ TEST_F(AllocationFailure, IsReportedByTheHostsServices) {
     EXPECT_EQ(S_FALSE, parts->get_LifterWizard(wizard.Receive())) << "it can't be made";
     failing.Disarm();
     EXPECT_EQ(S_OK, parts->get_LifterWizard(wizard.Receive()));
+}
+
+int WINAPI PressOk(HWND, const char*, const char*, UINT) {
+    return IDOK;
+}
+
+HINSTANCE WINAPI StartNothing(HWND, const char*, const char*, const char*, const char*, int) {
+    return reinterpret_cast<HINSTANCE>(33);
+}
+
+BOOL WINAPI ChooseFile(OPENFILENAMEA* description) {
+    lstrcpyA(description->lpstrFile, "C:\\a folder of some length\\chosen.txt");
+    return TRUE;
+}
+
+PIDLIST_ABSOLUTE WINAPI ChooseFolder(BROWSEINFOA*) {
+    PIDLIST_ABSOLUTE folder = nullptr;
+    SHGetSpecialFolderLocation(nullptr, CSIDL_WINDOWS, &folder);
+    return folder;
+}
+
+/// Whatever the user is asked is answered at once.
+class AllocationFailureInAHost : public AllocationFailure {
+protected:
+    void SetUp() override {
+        AllocationFailure::SetUp();
+        parts->put_nux3D(objects.side3D.Get());
+        ASSERT_EQ(S_OK, UseInstallation());
+        for (const ImportPatch* patch : {&boxes_, &shell_, &files_, &folders_})
+            ASSERT_TRUE(*patch);
+    }
+
+    /// The code of an operation that fails in any case, whose text may be missing.
+    static HRESULT Expected(HRESULT result) { return result == E_FAIL ? S_OK : result; }
+
+private:
+    const ImportPatch boxes_{module.Handle(), "USER32.dll", "MessageBoxA", reinterpret_cast<void*>(PressOk)};
+    const ImportPatch shell_{module.Handle(), "SHELL32.dll", "ShellExecuteA",
+                             reinterpret_cast<void*>(StartNothing)};
+    const ImportPatch files_{module.Handle(), "COMDLG32.dll", "GetSaveFileNameA",
+                             reinterpret_cast<void*>(ChooseFile)};
+    const ImportPatch folders_{module.Handle(), "SHELL32.dll", "SHBrowseForFolderA",
+                               reinterpret_cast<void*>(ChooseFolder)};
+};
+
+TEST_F(AllocationFailureInAHost, IsReportedByTheBrowser) {
+    FailEach("AttachBrowser", [&] { return Attach(objects.browser.Get()); });
+    const Bstr url(defaultPage, CP_ACP);
+    const Bstr missing(defaultPage + ".missing", CP_ACP);
+    EXPECT_GT(FailEach("Navigate", [&] { return parts->Navigate(url.Get()); }), 0);
+    EXPECT_GT(FailEach("Navigate to nothing", [&] { return parts->Navigate(missing.Get()); }), 1);
+    EXPECT_GT(FailEach(
+                  "the default page", [&] { return Edit(nullptr, 0); },
+                  [&] { EXPECT_EQ(defaultPage, Opened().back()); }),
+              1);
+    FailEach("put_StatusBar", [&] { return parts->put_StatusBar(objects.statusBar.Get()); });
+    EXPECT_GT(FailEach("SetStatusMessage", [&] { return parts->SetStatusMessage(url.Get()); }), 0);
+    FailEach("UpdateProgressBar", [&] { return parts->UpdateProgressBar(1); });
+    FailEach("CreateProgressBar", [&] { return parts->CreateProgressBar(); });
+    FailEach("DestroyProgressBar", [&] { return parts->DestroyProgressBar(); });
+    failureIsSilent = true;
+    FailEach("a foreign status bar",
+             [&] { return Expected(parts->put_StatusBar(objects.application.Get())); });
+}
+
+TEST_F(AllocationFailureInAHost, IsReportedByTheCommands) {
+    const HWND window = ShowControl();
+    AttachBrowser();
+    failureIsSilent = true;  // whoever sends a command learns nothing of it
+    const auto opened = [&] { EXPECT_EQ(wizardPage, Opened().back()); };
+    EXPECT_GT(FailEach(
+                  "LoadWizardPage",
+                  [&] {
+                      SendMessageA(window, WM_COMMAND, 3, 0);
+                      return S_OK;
+                  },
+                  opened),
+              1);
+    folder.Remove("data\\Wizard.htm");
+    EXPECT_GT(FailEach(
+                  "LoadWizardPage, missing",
+                  [&] {
+                      SendMessageA(window, WM_COMMAND, 3, 0);
+                      return S_OK;
+                  },
+                  [&] { EXPECT_EQ(defaultPage, Opened().back()); }),
+              2);
+}
+
+TEST_F(AllocationFailureInAHost, IsReportedByTheComponents) {
+    AttachBrowser();
+    const auto component = objects.Edit(L"BOLTS", L"M8");
+    const auto without = objects.Edit(L"BOLTS", L"M12");
+    const auto empty = [&] {
+        CreateParts().Reset();  // the end of an object empties the cache of documents
+        Edit(nullptr, 0);
+        objects.Record().ClearLines();
+    };
+    FailEach("SetEditedComponent, kept only", [&] { return Edit(component.Get(), 0); });
+    EXPECT_GT(FailEach(
+                  "SetEditedComponent", empty, [&] { return Edit(component.Get(), 1); },
+                  [&] {
+                      EXPECT_TRUE(Edited());
+                      EXPECT_EQ(componentPage, Opened().back());
+                  }),
+              5);
+    BSTR text = nullptr;
+    EXPECT_GT(FailEach("get_CatalogID", [&] { return parts->get_CatalogID(&text); }), 0);
+    EXPECT_GT(FailEach("get_ComponentID", [&] { return parts->get_ComponentID(&text); }), 0);
+    SysFreeString(text);
+    failureIsSilent =
+        true;  // a catalogue that can't be made is one that is missing, which is told to the user
+    EXPECT_GT(FailEach(
+                  "GetComponent", empty, [&] { return GetComponent("BOLTS", "M8"); },
+                  [&] { EXPECT_EQ("BOLTS M8", Ids()); }),
+              5);
+    EXPECT_GT(FailEach(
+                  "GetComponent, missing", empty, [&] { return GetComponent("BOLTS", "none"); },
+                  [&] { EXPECT_EQ(defaultPage, Opened().back()); }),
+              5);
+    EXPECT_GT(
+        FailEach(
+            "SetEditedComponent, without a geometry", empty, [&] { return Expected(Edit(without.Get(), 1)); },
+            [&] { EXPECT_EQ(defaultPage, Opened().back()); }),
+        5);
+}
+
+TEST_F(AllocationFailureInAHost, OfAComponentLeavesNothingHalf) {
+    const char* const longIds[] = {"a catalogue with a name that is long",
+                                   "an ID that is too long for a small string"};
+    folder.Write(std::string("catalogs\\") + longIds[0] + "\\Catalog.xml",
+                 std::string("<c><Part><ID>") + longIds[1] + "</ID><Geometry>g</Geometry></Part></c>");
+    for (long number = 1;; ++number) {
+        SCOPED_TRACE(number);
+        ASSERT_EQ(S_OK, GetComponent("BOLTS", "M8"));
+        const auto edited = objects.Edit(Widen(longIds[0]), Widen(longIds[1]));
+        failing.Arm(number);
+        const HRESULT edit = Edit(edited.Get(), 1);
+        failing.Disarm();
+        EXPECT_EQ(SUCCEEDED(edit), static_cast<bool>(Edited()));
+        failing.Arm(number);
+        const HRESULT get = GetComponent(longIds[0], longIds[1]);
+        if (failing.Disarm() < number)
+            break;
+        const std::string wanted = std::string(longIds[0]) + " " + longIds[1];
+        EXPECT_TRUE(Ids() == "BOLTS M8" || (SUCCEEDED(get) && Ids() == wanted)) << Ids();
+    }
+}
+
+TEST_F(AllocationFailureInAHost, IsReportedByTheDialogs) {
+    const Bstr file(folder.Path() + "file.nuxtest", CP_ACP);
+    const Bstr filter(L"A description of some length|*.txt|All|*.*");
+    EXPECT_GT(FailEach("ExecuteFileInShell", [&] { return parts->ExecuteFileInShell(file.Get()); }), 0);
+    BSTR path = nullptr;
+    EXPECT_GT(FailEach(
+                  "GetSaveFileName",
+                  [&] {
+                      return parts->GetSaveFileName(filter.Get(), filter.Get(), file.Get(), filter.Get(),
+                                                    &path);
+                  },
+                  [&] { EXPECT_STREQ(L"C:\\a folder of some length\\chosen.txt", path); }),
+              3);
+    SysFreeString(path);
+    path = nullptr;
+    for (const long singleFile : {1L, 0L}) {
+        EXPECT_GT(FailEach(
+                      "TRNVExportDlg",
+                      [&] {
+                          SysFreeString(path);
+                          return parts->TRNVExportDlg(singleFile, &path);
+                      },
+                      [&] {
+                          EXPECT_STREQ(singleFile ? L"C:\\a folder of some length\\chosen.txt"
+                                                  : L"C:\\windows\\Moldbase",
+                                       path);
+                      }),
+                  2);
+    }
+    SysFreeString(path);
 }
 
 TEST_F(AllocationFailure, IsReportedByAutomation) {

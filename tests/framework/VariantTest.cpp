@@ -13,10 +13,29 @@
 namespace nux {
 namespace {
 
+class Plain : public Implements<IUnknown> {
+public:
+    virtual ~Plain() = default;
+};
+
 TEST(Variant, IsEmptyByDefault) {
     const Variant value;
     EXPECT_EQ(VT_EMPTY, value.Type());
     EXPECT_FALSE(value.IsString());
+}
+
+TEST(Variant, OfATextLeavesAloneWhatItsMemoryHeldBefore) {
+    VARIANT before{};
+    before.vt = VT_UNKNOWN;
+    const auto object = MakeObject<Plain>();
+    before.punkVal = object.Get();
+    alignas(Variant) unsigned char memory[sizeof(Variant)];
+    std::memcpy(memory, &before, sizeof before);
+    Variant* const made = new (memory) Variant("text");
+    EXPECT_STREQ(L"text", made->Text());
+    made->~Variant();
+    object->AddRef();
+    EXPECT_EQ(1u, object->Release());
 }
 
 TEST(Variant, HoldsWhatItWasSetTo) {

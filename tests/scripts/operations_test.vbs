@@ -13,7 +13,7 @@ TestArrays
 TestChoiceOfDimensions
 TestLanguageAndLog
 TestNotOffered
-Finish 110
+Finish 94
 
 Sub TestValues
     On Error Resume Next
@@ -229,42 +229,10 @@ End Sub
 Sub TestNotOffered
     On Error Resume Next
     Dim result
-    parts.SetEditedComponent Nothing, 0
-    Raised NotImplemented, "SetEditedComponent"
-    parts.Navigate "page.htm"
-    Raised NotImplemented, "Navigate"
-    result = parts.CatalogID
-    Raised NotImplemented, "CatalogID"
-    result = parts.ComponentID
-    Raised NotImplemented, "ComponentID"
-    parts.SetStatusMessage "text"
-    Raised NotImplemented, "SetStatusMessage"
-    parts.CreateProgressBar
-    Raised NotImplemented, "CreateProgressBar"
-    parts.DestroyProgressBar
-    Raised NotImplemented, "DestroyProgressBar"
-    parts.UpdateProgressBar 50
-    Raised NotImplemented, "UpdateProgressBar"
-    parts.ExecuteFileInShell "file.txt"
-    Raised NotImplemented, "ExecuteFileInShell"
-    result = parts.GetSaveFileName("title", "All|*.*", "file", "txt")
-    Raised NotImplemented, "GetSaveFileName"
     result = parts.NewComponent(0)
     Raised NotImplemented, "NewComponent"
-    parts.GetComponent "BOLTS", "M8"
-    Raised NotImplemented, "GetComponent"
-    Set result = parts.WebBrowser
-    Raised NotImplemented, "WebBrowser"
     result = parts.MessageBox("text", "title", 0)
     Raised NotImplemented, "MessageBox"
-    parts.AttachBrowser Nothing
-    Raised NotImplemented, "AttachBrowser"
-    Set parts.StatusBar = files
-    Raised NotImplemented, "StatusBar"
-    parts.UnLoadStatusBar
-    Raised NotImplemented, "UnLoadStatusBar"
-    result = parts.TRNVExportDlg(1)
-    Raised NotImplemented, "TRNVExportDlg"
     result = parts.MessageBoxHTML("text", "title", 0, True, 0, 0)
     Raised NotImplemented, "MessageBoxHTML"
     Set result = parts.ShowHTMLModelessDialog("title", "page.htm", 0, 0, 100, 100, Empty)

@@ -1,0 +1,75 @@
+#pragma once
+
+// Resource identifiers of the sample host's modules.
+
+#define IDR_TYPELIB 1
+#define IDR_REGISTRY 100
+
+// The program.
+#define IDI_HOST 200
+#define IDR_MENU 201
+#define IDR_KEYS 202
+#define IDD_PART 203
+#define IDD_TEXT 204
+#define IDD_ABOUT 205
+
+// Menu commands
+#define IDM_EXIT 1000
+#define IDM_NEW_COMPONENT 1010
+#define IDM_GET_COMPONENT 1011
+#define IDM_CHOOSE_SIZE 1012
+#define IDM_SET_EDITED 1013
+#define IDM_RELEASE_EDITED 1014
+#define IDM_COMMAND_1 1021
+#define IDM_COMMAND_4 1024
+#define IDM_DEFAULT_PAGE 1030
+#define IDM_NAVIGATE 1031
+#define IDM_DIE_WIZARD 1040
+#define IDM_DIE_BLOCK 1041
+#define IDM_SLIDE_WIZARD 1042
+#define IDM_LIFTER_WIZARD 1043
+#define IDM_STATUS_MESSAGE 1050
+#define IDM_PROGRESS 1051
+#define IDM_SAVE_NAME 1052
+#define IDM_OPEN_FILE 1053
+#define IDM_EXPORT_FILE 1054
+#define IDM_EXPORT_FOLDER 1055
+#define IDM_SHOW_CALLS 1060
+#define IDM_CLEAR_CALLS 1061
+#define IDM_ABOUT 1070
+
+// Controls of the dialogs
+#define IDC_STATIC -1
+#define IDC_CATALOG 300
+#define IDC_PART 301
+#define IDC_OPEN_PAGE 302
+#define IDC_PROMPT 303
+#define IDC_TEXT 304
+
+// Texts
+#define IDS_TITLE 400
+#define IDS_NO_BROWSER 401
+#define IDS_PAGE 402
+#define IDS_FROM 403
+#define IDS_CALL 404
+#define IDS_ANSWER 405
+#define IDS_HOST 406
+#define IDS_COMPONENT 407
+#define IDS_READY 408
+#define IDS_NO_INSTALLATION 409
+#define IDS_NOT_STARTED 410
+#define IDS_CATALOG 411
+#define IDS_PART 412
+#define IDS_EDITED 413
+#define IDS_CONTROL 414
+#define IDS_ASK_URL 415
+#define IDS_ASK_MESSAGE 416
+#define IDS_ASK_FILE 417
+#define IDS_SAVE_TITLE 418
+#define IDS_SAVE_FILTER 419
+#define IDS_WORKING 420
+#define IDS_NO_OBJECT 421
+#define IDS_NONE 422
+#define IDS_GET_COMPONENT 423
+#define IDS_SET_EDITED 424
+#define IDS_CHOOSE_SIZE 425
