@@ -1,12 +1,11 @@
 #include "host/MainWindow.h"
 
-#include <msxml2.h>
-
 #include <algorithm>
 
 #include "framework/Icons.h"
 #include "framework/Module.h"
 #include "framework/Text.h"
+#include "host/Catalogs.h"
 #include "host/Texts.h"
 #include "host/resource.h"
 
@@ -55,31 +54,6 @@ Bstr Wide(const std::string& text) {
     return Bstr(text, CP_ACP);
 }
 
-std::string NodeText(IXMLDOMNode* node, const wchar_t* child) {
-    ComPtr<IXMLDOMNode> found;
-    Bstr text;
-    if (node->selectSingleNode(Bstr(child).Get(), found.Receive()) == S_OK)
-        found->get_text(text.Receive());
-    return Narrow(text.Get(), CP_ACP);
-}
-
-ComPtr<IXMLDOMNodeList> Select(IXMLDOMNode* node, const wchar_t* path) {
-    ComPtr<IXMLDOMNodeList> list;
-    if (node)
-        node->selectNodes(Bstr(path).Get(), list.Receive());
-    return list;
-}
-
-/// Calls `see` with each node until it answers true.
-template <class See>
-void ForEach(IXMLDOMNodeList* list, See&& see) {
-    ComPtr<IXMLDOMNode> node;
-    while (list && list->nextNode(node.Receive()) == S_OK) {
-        if (see(node))
-            return;
-    }
-}
-
 }  // namespace
 
 int CallList::Add(const std::string& from, const std::string& call) const {
@@ -97,7 +71,8 @@ MainWindow::MainWindow(std::wstring folder)
       componentPane_(this, [this](HDC context, const RECT& client) { PaintComponent(context, client); }),
       controlPane_(this),
       calls_(this),
-      part_(Catalogs(), [this](const std::string& catalog) { return PartsOf(catalog); }) {
+      part_(CatalogsIn(folder_),
+            [this](const std::string& catalog) { return PartsOf(StdParts(), catalog); }) {
     host_.Record().whenCalled = [this](const CallRecord::Line& line) { ListCall(line); };
     host_.statusBar->whenChanged = [this] { ShowStatus(); };
     host_.browser->whenNavigated = [this] { ShowState(); };
@@ -446,36 +421,8 @@ void MainWindow::SetEdited() {
 void MainWindow::ChooseSize() {
     if (!part_.Ask(Handle(), Text(IDS_CHOOSE_SIZE), false))
         return;
-    const Bstr catalog = Wide(part_.Catalog());
-    const Bstr id = Wide(part_.Part());
-    Ask("ChooseDimensions " + part_.Catalog() + ' ' + part_.Part(), [&]() -> HRESULT {
-        ComPtr<IXMLDOMNode> part;
-        ForEach(Select(CatalogDocument(part_.Catalog()).As<IXMLDOMNode>().Get(), L"//Part").Get(),
-                [&](const ComPtr<IXMLDOMNode>& node) {
-                    if (NodeText(node.Get(), L"ID") != part_.Part())
-                        return false;
-                    part = node;
-                    return true;
-                });
-        if (!part)
-            return E_INVALIDARG;
-        ComPtr<IXMLDOMNode> defaults;
-        part->selectSingleNode(Bstr(L"DefaultValues").Get(), defaults.Receive());
-        ComPtr<IDispatch> standard;
-        ComPtr<IDispatch> user;
-        StdParts()->GetStdDimensionNode(catalog.Get(), id.Get(), standard.Receive());
-        StdParts()->GetUsrDimensionNode(catalog.Get(), id.Get(), user.Receive());
-        Variant values[3];
-        values[0].SetObject(defaults);
-        values[1].SetObject(Select(standard.As<IXMLDOMNode>().Get(), L"Row"));
-        values[2].SetObject(Select(user.As<IXMLDOMNode>().Get(), L"Row"));
-        const ComPtr<IXMLDOMNodeList> names = Select(part.Get(), L"Dimensions/*");
-        ComPtr<IDispatch> chosen;
-        const HRESULT result =
-            StdParts()->ChooseDimensions(catalog.Get(), id.Get(), names.Get(), values[0].Get(),
-                                         values[1].Get(), values[2].Get(), chosen.Receive());
-        return result == S_OK && !chosen ? S_FALSE : result;
-    });
+    Ask("ChooseDimensions " + part_.Catalog() + ' ' + part_.Part(),
+        [&] { return host::ChooseSize(StdParts(), part_.Catalog(), part_.Part()); });
 }
 
 void MainWindow::AskLifterWizard() {
@@ -583,39 +530,6 @@ void MainWindow::PaintComponent(HDC context, RECT client) const {
             client.bottom - margin - 32 - 4};
     draw(Text(IDS_CONTROL) + ':', margin, font_.Get());
     SelectObject(context, old);
-}
-
-PartDialog::Names MainWindow::Catalogs() const {
-    PartDialog::Names names;
-    WIN32_FIND_DATAW found{};
-    const UniqueSearch search(FindFirstFileW((folder_ + L"catalogs\\*").c_str(), &found));
-    if (!search)
-        return names;
-    do {
-        const std::wstring name = found.cFileName;
-        if (GetFileAttributesW((folder_ + L"catalogs\\" + name + L"\\Catalog.xml").c_str()) !=
-            INVALID_FILE_ATTRIBUTES)
-            names.push_back(Narrow(name.data(), name.size(), CP_ACP));
-    } while (FindNextFileW(search.Get(), &found));
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-ComPtr<IDispatch> MainWindow::CatalogDocument(const std::string& catalog) const {
-    ComPtr<IDispatch> document;
-    StdParts()->GetComponentsDocument(Wide(catalog).Get(), document.Receive());
-    return document;
-}
-
-PartDialog::Names MainWindow::PartsOf(const std::string& catalog) const {
-    PartDialog::Names names;
-    ForEach(Select(CatalogDocument(catalog).As<IXMLDOMNode>().Get(), L"//Part").Get(),
-            [&](const ComPtr<IXMLDOMNode>& part) {
-                if (const std::string id = NodeText(part.Get(), L"ID"); !id.empty())
-                    names.push_back(id);
-                return false;
-            });
-    return names;
 }
 
 }  // namespace nux::host

@@ -75,9 +75,6 @@ private:
     void PaintPage(HDC context, RECT client) const;
     void PaintComponent(HDC context, RECT client) const;
 
-    PartDialog::Names Catalogs() const;
-    ComPtr<IDispatch> CatalogDocument(const std::string& catalog) const;
-    PartDialog::Names PartsOf(const std::string& catalog) const;
     std::string FolderText() const;
 
     InuxStdParts* StdParts() const noexcept { return host_.StdParts(); }
