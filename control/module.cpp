@@ -14,13 +14,7 @@ BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
 }
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
-    if (!object)
-        return E_POINTER;
-    *object = nullptr;
-    if (classId != CLSID_nuxStdParts)
-        return CLASS_E_CLASSNOTAVAILABLE;
-    return nux::Guarded(
-        [&] { return nux::MakeObject<nux::ClassFactory<nux::nuxStdParts>>()->QueryInterface(iid, object); });
+    return nux::GetClassObject<nux::nuxStdParts>(CLSID_nuxStdParts, classId, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {

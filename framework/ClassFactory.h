@@ -29,4 +29,17 @@ public:
     }
 };
 
+/// What a module with one creatable class answers to DllGetClassObject.
+/// @param own    the identifier of `Class`
+/// @param asked  of the class whose factory is asked for
+template <class Class>
+HRESULT GetClassObject(REFCLSID own, REFCLSID asked, REFIID iid, void** object) noexcept {
+    if (!object)
+        return E_POINTER;
+    *object = nullptr;
+    if (asked != own)
+        return CLASS_E_CLASSNOTAVAILABLE;
+    return Guarded([&] { return MakeObject<ClassFactory<Class>>()->QueryInterface(iid, object); });
+}
+
 }  // namespace nux

@@ -13,14 +13,7 @@ BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
 }
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
-    if (!object)
-        return E_POINTER;
-    *object = nullptr;
-    if (classId != CLSID_SampleHost)
-        return CLASS_E_CLASSNOTAVAILABLE;
-    return nux::Guarded([&] {
-        return nux::MakeObject<nux::ClassFactory<nux::host::ScriptHost>>()->QueryInterface(iid, object);
-    });
+    return nux::GetClassObject<nux::host::ScriptHost>(CLSID_SampleHost, classId, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {
