@@ -127,6 +127,10 @@ add_test(NAME sample_smoke
     COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${PROJECT_SOURCE_DIR}/sample/smoke/try)
 set_tests_properties(sample_smoke PROPERTIES TIMEOUT 300 LABELS once)
 
+# What a host's developer builds against.
+add_test(NAME sdk COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${PROJECT_SOURCE_DIR}/sample/sdk/try)
+set_tests_properties(sdk PROPERTIES TIMEOUT 120 LABELS once)
+
 # The dimension chooser. Its programs bring the component's resources along, as the module does.
 add_library(chooser_support STATIC dimensions/DimensionChooser.cpp dimensions/DimensionChooserFixture.cpp)
 target_link_libraries(chooser_support PUBLIC test_support)
