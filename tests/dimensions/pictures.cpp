@@ -51,7 +51,10 @@ public:
 
     void TakeAll() {
         SetWindowPos(chooser_.Window(), nullptr, 300, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-        SetForegroundWindow(chooser_.Window());
+        // Wine 8.0 draws the caption of a process's first window as that of an inactive one, until another
+        // has been closed.
+        driver::Click(OpenFilterDialog().Item(IDCANCEL));
+        driver::WaitFor("the active dialog", [&] { return GetForegroundWindow() == chooser_.Window(); });
         Rest();
         Save("opened", chooser_.Window());
         Menus();
