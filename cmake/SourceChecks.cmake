@@ -15,7 +15,7 @@ endforeach()
 add_test(NAME layers COMMAND ${PROJECT_SOURCE_DIR}/tests/check_layers.py ${PROJECT_BINARY_DIR} ${arrows})
 set_tests_properties(layers PROPERTIES LABELS once)
 
-# The target source_checks: the product's sources as a second compiler reads them, with the warnings that the first one
+# The target source_checks: the sources as a second compiler reads them, with the warnings that the first one
 # has as errors, and what clang-tidy finds in them. Each source is read once, for both, and again when its object is
 # made again: a source that compiles no more has one message, and what hasn't changed costs nothing.
 find_program(CLANG_TIDY clang-tidy REQUIRED)
@@ -28,8 +28,8 @@ foreach(folder ${CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES})
     endif()
 endforeach()
 
-# All layers of the product that have sources, and the module itself.
-set(checked ${layers} nuxStdPartsAX)
+# All layers of the product that have sources, the module itself, and the sample host.
+set(checked ${layers} nuxStdPartsAX host SampleHost SampleHostProgram)
 list(REMOVE_ITEM checked driver bench)
 set(stamps)
 foreach(target ${checked})

@@ -11,7 +11,7 @@ STDMETHODIMP StatusBar::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, L
     return DISP_E_UNKNOWNNAME;
 }
 
-HRESULT StatusBar::Changed() {
+HRESULT StatusBar::Changed() const {
     if (whenChanged)
         whenChanged();
     return S_OK;

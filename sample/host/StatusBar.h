@@ -31,7 +31,7 @@ public:
 
 private:
     HRESULT ShowBar(Call call, bool shown);
-    HRESULT Changed();
+    HRESULT Changed() const;
 
     std::wstring text_;
     long position_ = 0;

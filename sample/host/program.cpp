@@ -82,14 +82,14 @@ int Run(int show) {
 }  // namespace
 }  // namespace nux::host
 
-int WINAPI WinMain(HINSTANCE program, HINSTANCE, LPSTR, int show) {
-    nux::SetThisModule(program);
+int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR, int nShowCmd) {
+    nux::SetThisModule(hInstance);
     if (FAILED(OleInitialize(nullptr)))
         return EXIT_FAILURE;
     const INITCOMMONCONTROLSEX controls{sizeof controls,
                                         ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
     InitCommonControlsEx(&controls);
-    const int code = nux::host::Run(show);
+    const int code = nux::host::Run(nShowCmd);
     nux::ReleaseTypeInfos();
     OleUninitialize();
     return code;

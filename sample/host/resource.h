@@ -39,7 +39,7 @@
 #define IDM_ABOUT 1070
 
 // Controls of the dialogs
-#define IDC_STATIC -1
+#define IDC_STATIC (-1)
 #define IDC_CATALOG 300
 #define IDC_PART 301
 #define IDC_OPEN_PAGE 302
