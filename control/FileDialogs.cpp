@@ -30,27 +30,31 @@ int CALLBACK SelectLast(HWND dialog, UINT message, LPARAM, LPARAM path) {
 
 SaveFileDialog::SaveFileDialog(HWND parent, std::string defaultExtension, const std::string& fileName)
     : parent_(parent), defaultExtension_(std::move(defaultExtension)) {
-    fileName.copy(fileName_, sizeof fileName_ - 1);
+    fileName.copy(fileName_.data(), fileName_.size() - 1);
 }
 
 std::optional<std::string> SaveFileDialog::Run(const std::string& title, std::string filter) {
     const LiveObject loaded;
     std::replace(filter.begin(), filter.end(), '|', '\0');
     filter.append(2, '\0');
+    // On a copy: for a path that is too long the platform fails and leaves its length in the place of the
+    // name.
+    auto fileName = fileName_;
     OPENFILENAMEA description{};
     description.lStructSize = sizeof description;
     description.hwndOwner = parent_;
     description.hInstance = ThisModule();
     description.lpstrFilter = filter.data();
-    description.lpstrFile = fileName_;
-    description.nMaxFile = sizeof fileName_;
+    description.lpstrFile = fileName.data();
+    description.nMaxFile = static_cast<DWORD>(fileName.size());
     description.lpstrTitle = title.c_str();
     description.Flags = saveFlags;
     description.lpstrDefExt = defaultExtension_.c_str();
     description.lpfnHook = &LeaveAlone;
     if (!GetSaveFileNameA(&description))
         return std::nullopt;
-    return fileName_;
+    fileName_ = fileName;
+    return fileName_.data();
 }
 
 std::optional<std::string> FolderDialog::Run(const std::string& title) {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <optional>
 #include <string>
 
@@ -25,7 +26,7 @@ public:
 private:
     HWND parent_;
     std::string defaultExtension_;
-    char fileName_[MAX_PATH] = "";  ///< keeps what was chosen
+    std::array<char, MAX_PATH> fileName_{};  ///< keeps what was chosen
 };
 
 /// Asks for a folder of the file system.

@@ -8,11 +8,14 @@
 #include <gtest/gtest.h>
 #include <shlobj.h>
 
+#include <cstring>
+
 #include "driver/Controls.h"
 #include "driver/Input.h"
 #include "driver/Messages.h"
 #include "driver/Waiting.h"
 #include "tests/control/HostedComponent.h"
+#include "tests/support/HostDoubles.h"
 #include "tests/support/ImportPatch.h"
 #include "tests/support/RawVariant.h"
 #include "tests/support/WithUser.h"
@@ -107,6 +110,10 @@ TEST_F(FileDialogs, TheGivenNameStandsThereFirst) {
         driver::Click(driver::Item(dialog, IDOK));
     });
     EXPECT_EQ(work + "first.txt", given.text);
+    Ask(L"t", L"", "", L"txt", [](User&, HWND dialog) {
+        EXPECT_EQ("", driver::ControlText(NameField(dialog))) << "nothing is kept from the call before";
+        Cancel(dialog);
+    });
 }
 
 TEST_F(FileDialogs, ANameWithoutAnExtensionGetsTheGivenOne) {
@@ -166,14 +173,24 @@ TEST_F(FileDialogs, TheirParentIsTheControlsWindow) {
 
 OPENFILENAMEA described;
 std::string describedFilter;
+std::string describedTexts;
 
 BOOL WINAPI Describe(OPENFILENAMEA* description) {
     described = *description;
+    describedTexts =
+        std::string(description->lpstrTitle) + "|" + description->lpstrFile + "|" + description->lpstrDefExt;
     const char* end = description->lpstrFilter;
     while (end[0] || end[1])
         ++end;
     describedFilter.assign(description->lpstrFilter, end + 2);
-    described.lpstrFile = description->lpstrFile;
+    return FALSE;
+}
+
+/// What the platform does with a path that is too long for the caller.
+BOOL WINAPI FailForALongPath(OPENFILENAMEA* description) {
+    describedTexts = description->lpstrFile;
+    const WORD needed = 300;
+    std::memcpy(description->lpstrFile, &needed, sizeof needed);
     return FALSE;
 }
 
@@ -197,6 +214,32 @@ TEST_F(FileDialogs, AskThePlatformAsTold) {
                                            path.Receive()))
         << "a name that is too long for the dialog is cut";
     EXPECT_EQ(E_FAIL, parts->GetSaveFileName(nullptr, nullptr, nullptr, nullptr, nullptr));
+}
+
+/// An application that writes down how it is called.
+class AskedApplication : public HostDispatch {
+public:
+    std::string asked;
+
+    STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT*,
+                        EXCEPINFO*, UINT*) override {
+        asked += std::to_string(id) + " " + std::to_string(locale) + " " + std::to_string(flags) + " " +
+                 std::to_string(parameters->cArgs) + (iid == GUID_NULL ? ";" : " iid;");
+        return E_FAIL;
+    }
+};
+
+TEST_F(FileDialogs, AnExportAsksTheApplicationByNumber) {
+    const auto application = MakeObject<AskedApplication>();
+    const auto side = MakeObject<Host3D>();
+    side->application = ComPtr<IDispatch>(application.Get());
+    parts->put_nux3D(static_cast<Inux3D*>(side.Get()));
+    Bstr path;
+    EXPECT_EQ(E_FAIL, parts->TRNVExportDlg(1, path.Receive()));
+    EXPECT_EQ("9 2048 1 0;", application->asked) << "a method without arguments in the system's locale";
+    parts->put_nux3D(nullptr);
+    side->application.Reset();
+    EXPECT_EQ(1u, References(static_cast<IDispatch*>(application.Get())));
 }
 
 TEST_F(FileDialogs, AnExportNeedsTheHostsMainObject) {
@@ -242,8 +285,10 @@ protected:
         UnloadModule();
         FileDialogs::SetUp();
         folder.MakeFolder("locale\\English");
-        WriteMessage("locale\\English\\COMMON_Msgs.xml", "Choose a file to export the moldbase to",
-                     "Which file?");
+        folder.Write(
+            "locale\\English\\COMMON_Msgs.xml",
+            "<Messages><MsgID>Choose a file to export the moldbase to</MsgID><Text>Which file?</Text>"
+            "<MsgID>Choose a folder to export the moldbase to</MsgID><Text>Which folder?</Text></Messages>");
         ASSERT_EQ(S_OK, UseInstallation());
         parent = CreateWindowExA(0, "STATIC", "main", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 200, 100,
                                  nullptr, nullptr, nullptr, nullptr);
@@ -308,6 +353,53 @@ TEST_F(Exports, AMainWindowThatCannotBeReadIsNoFailure) {
         EXPECT_EQ(nullptr, GetWindow(dialog, GW_OWNER));
         Cancel(dialog);
     });
+}
+
+TEST_F(Exports, AWindowThatIsNoWholeNumberIsNone) {
+    Variant text;
+    text.SetText(Bstr(L"5"));
+    objects.Record().Answer(Call::MainWindowHWND, std::move(text));
+    Export(1, [&](User&, HWND dialog) {
+        EXPECT_EQ(nullptr, GetWindow(dialog, GW_OWNER));
+        Cancel(dialog);
+    });
+    EXPECT_EQ(Texts{"MainWindowHWND"}, Asked({Call::MainWindowHWND}));
+    objects.Record().Restore();
+    Export(1, [&](User&, HWND dialog) {
+        EXPECT_EQ(nullptr, GetWindow(dialog, GW_OWNER)) << "as at the first time";
+        Cancel(dialog);
+    });
+    EXPECT_EQ(Texts{"MainWindowHWND"}, Asked({Call::MainWindowHWND})) << "it is asked for until it is known";
+    Export(0, [&](User&, HWND dialog) {
+        EXPECT_EQ(parent, GetWindow(dialog, GW_OWNER)) << "each dialog has a first time of its own";
+        Cancel(dialog);
+    });
+}
+
+TEST_F(Exports, AskThePlatformForAFileAsTold) {
+    const ImportPatch patch(LoadedModule(), "COMDLG32.dll", "GetSaveFileNameA",
+                            reinterpret_cast<void*>(Describe));
+    ASSERT_TRUE(patch);
+    for (int i = 0; i < 2; ++i) {
+        Bstr path;
+        EXPECT_EQ(S_OK, parts->TRNVExportDlg(1, path.Receive()));
+        EXPECT_EQ(0x8806u | OFN_EXPLORER | OFN_ENABLESIZING | OFN_ENABLEHOOK, described.Flags);
+        EXPECT_EQ(std::string("IGES\0*.igs\0\0", 12), describedFilter);
+        EXPECT_EQ("Which file?|moldbase.igs|igs", describedTexts);
+        EXPECT_EQ(MAX_PATH, static_cast<int>(described.nMaxFile));
+    }
+}
+
+TEST_F(Exports, APathThatIsTooLongLeavesTheNameAsItWas) {
+    const ImportPatch patch(LoadedModule(), "COMDLG32.dll", "GetSaveFileNameA",
+                            reinterpret_cast<void*>(FailForALongPath));
+    ASSERT_TRUE(patch);
+    for (int i = 0; i < 2; ++i) {
+        Bstr path;
+        EXPECT_EQ(S_OK, parts->TRNVExportDlg(1, path.Receive()));
+        EXPECT_EQ(L"", path.View());
+        EXPECT_EQ("moldbase.igs", describedTexts);
+    }
 }
 
 constexpr int folderTree = 0x3741;  ///< of the platform's folder dialog
@@ -382,8 +474,7 @@ std::vector<std::string> NamesOf(const std::string& path) {
 
 TEST_F(Exports, AskForAFolderWithTheLastOneSelected) {
     Given given = Export(0, [&](User&, HWND dialog) {
-        EXPECT_EQ("Choose a folder to export the moldbase to",
-                  driver::ControlText(driver::Item(dialog, folderTitle)));
+        EXPECT_EQ("Which folder?", driver::ControlText(driver::Item(dialog, folderTitle)));
         EXPECT_EQ(parent, GetWindow(dialog, GW_OWNER));
         FolderTree(dialog).Choose(NamesOf(work));
         driver::Click(driver::Item(dialog, IDOK));
@@ -405,6 +496,42 @@ TEST_F(Exports, AskForAFolderWithTheLastOneSelected) {
         driver::Click(driver::Item(dialog, IDOK));
     });
     EXPECT_EQ(work + "Moldbase", given.text);
+}
+
+TEST_F(Exports, AreTitledInTheLanguageOfEachCall) {
+    const auto titles = [&] {
+        std::string both;
+        Export(1, [&](User&, HWND dialog) {
+            both = driver::TextOf(dialog);
+            Cancel(dialog);
+        });
+        Export(0, [&](User&, HWND dialog) {
+            both += "|" + driver::ControlText(driver::Item(dialog, folderTitle));
+            Cancel(dialog);
+        });
+        return both;
+    };
+    ASSERT_EQ(S_OK, SetPaths(parts, catalogs, data, folder.MakeFolder("other\\gui"), custom));
+    EXPECT_EQ("Choose a file to export the moldbase to|Choose a folder to export the moldbase to", titles())
+        << "no language is installed there";
+    ASSERT_EQ(S_OK, UseInstallation());
+    EXPECT_EQ("Which file?|Which folder?", titles());
+}
+
+TEST_F(Exports, AFolderIsNotLeftForAnotherOneByCancel) {
+    const auto look = [&](const char* expected) {
+        Export(0, [&](User&, HWND dialog) {
+            driver::WaitFor("the last choice", [&] { return FolderTree(dialog).Selected() == expected; });
+            FolderTree(dialog).Choose({"My Computer", "C:"});
+            Cancel(dialog);
+        });
+    };
+    Export(0, [&](User&, HWND dialog) {
+        FolderTree(dialog).Choose(NamesOf(work));
+        driver::Click(driver::Item(dialog, IDOK));
+    });
+    look("work");
+    look("work");
 }
 
 TEST_F(Exports, TheRootOfADriveGetsNoSecondSeparator) {
@@ -429,6 +556,36 @@ TEST_F(Exports, OfferFoldersOfTheFileSystemAlone) {
     Bstr path;
     EXPECT_EQ(S_OK, parts->TRNVExportDlg(0, path.Receive()));
     EXPECT_EQ(static_cast<UINT>(BIF_RETURNONLYFSDIRS), folderFlags);
+}
+
+std::string chosenFolder;
+
+PIDLIST_ABSOLUTE WINAPI ChooseFolder(BROWSEINFOA*) {
+    PIDLIST_ABSOLUTE folder = nullptr;
+    SHParseDisplayName(Widen(chosenFolder).c_str(), nullptr, &folder, 0, nullptr);
+    return folder;
+}
+
+/// Runs with a Japanese locale: the second byte of the folder's last character is that of the backslash.
+class DoubleByteExports : public FileDialogs {
+protected:
+    void SetUp() override {
+        if (GetACP() != 932)
+            GTEST_SKIP() << "needs a code page of double-byte characters";
+        FileDialogs::SetUp();
+    }
+};
+
+TEST_F(DoubleByteExports, AFolderThatEndsInTheByteOfASeparatorGetsOne) {
+    const ImportPatch patch(LoadedModule(), "SHELL32.dll", "SHBrowseForFolderA",
+                            reinterpret_cast<void*>(ChooseFolder));
+    ASSERT_TRUE(patch);
+    const std::string table = "\x95\x5C";
+    folder.MakeFolder(table);
+    chosenFolder = folder.Path() + table;
+    Bstr path;
+    EXPECT_EQ(S_OK, parts->TRNVExportDlg(0, path.Receive()));
+    EXPECT_EQ(Widen(folder.Path()) + L"\u8868\\Moldbase", path.View());
 }
 
 }  // namespace
