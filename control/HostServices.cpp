@@ -53,10 +53,8 @@ bool IsBrowser(const std::string& program) {
 bool OpenInBrowser(const std::string& program, const std::string& file, const PathParts& parts) {
     char current[260] = "";
     GetCurrentDirectoryA(sizeof current, current);
-    const auto currentParts = SplitPath(current, &IsLeadByteOfThread);
-    const std::string path =
-        PathForBrowser(file, parts, current, currentParts ? currentParts->drive : std::string());
-    return WinExec((program + " " + path).c_str(), SW_SHOWNORMAL) > 31;
+    const std::string command = program + " " + PathForBrowser(file, parts, current);
+    return WinExec(command.c_str(), SW_SHOWNORMAL) > 31;
 }
 
 /// @return whether a program was started

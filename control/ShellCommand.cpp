@@ -12,14 +12,17 @@ bool IsSeparator(char character) {
     return character == '\\' || character == '/';
 }
 
+/// "C:", or empty. No second half of a character looks like a colon.
+std::string_view DriveOf(std::string_view path) {
+    return path.substr(0, path.size() >= 2 && path[1] == ':' ? 2 : 0);
+}
+
 }  // namespace
 
 std::optional<PathParts> SplitPath(std::string_view path, IsLeadByte isLeadByte) {
     PathParts parts;
-    if (path.size() >= 2 && path[1] == ':' && !isLeadByte(static_cast<unsigned char>(path[0]))) {
-        parts.drive = path.substr(0, 2);
-        path.remove_prefix(2);
-    }
+    parts.drive = DriveOf(path);
+    path.remove_prefix(parts.drive.size());
     std::size_t name = 0;
     std::size_t dot = std::string_view::npos;
     for (std::size_t i = 0; i < path.size(); ++i) {
@@ -36,10 +39,8 @@ std::optional<PathParts> SplitPath(std::string_view path, IsLeadByte isLeadByte)
     parts.name = path.substr(name, dot == std::string_view::npos ? dot : dot - name);
     if (dot != std::string_view::npos)
         parts.extension = path.substr(dot);
-    for (const std::string* part : {&parts.folder, &parts.name, &parts.extension}) {
-        if (part->size() > longestPart)
-            return std::nullopt;
-    }
+    if (parts.folder.size() > longestPart || parts.extension.size() > longestPart)
+        return std::nullopt;
     return parts;
 }
 
@@ -57,12 +58,11 @@ std::optional<std::string> ProgramOfCommand(std::string_view command) {
     return std::string(command.substr(0, end));
 }
 
-std::string PathForBrowser(const std::string& path, const PathParts& parts, const std::string& current,
-                           const std::string& currentDrive) {
+std::string PathForBrowser(const std::string& path, const PathParts& parts, const std::string& current) {
     if (!parts.drive.empty())
         return path;
     if (!parts.folder.empty() && IsSeparator(parts.folder.front()))
-        return currentDrive + path;
+        return std::string(DriveOf(current)) + path;
     return current + "\\" + path;
 }
 

@@ -11,8 +11,8 @@ namespace nux {
 
 using IsLeadByte = bool (*)(unsigned char byte);
 
-/// The parts of a path. A part that is longer than the platform's buffers (two characters of a drive, 255
-/// bytes of the others) makes the whole path one that can't be split.
+/// The parts of a path. A folder or an extension that is longer than the platform's buffers (255 bytes) makes
+/// the whole path one that can't be split.
 struct PathParts {
     std::string drive;      ///< "C:", or empty
     std::string folder;     ///< with its closing separator, or empty
@@ -29,7 +29,6 @@ std::optional<std::string> ProgramOfCommand(std::string_view command);
 /// The path that a browser gets, which would take a relative one for an address.
 /// @param path     the file as the caller names it
 /// @param current  the current folder, without a closing separator unless it is a root
-std::string PathForBrowser(const std::string& path, const PathParts& parts, const std::string& current,
-                           const std::string& currentDrive);
+std::string PathForBrowser(const std::string& path, const PathParts& parts, const std::string& current);
 
 }  // namespace nux

@@ -177,11 +177,42 @@ TEST_F(WhatIsStarted, IsTheQuestionForAnApplicationWhereNoneIsKnown) {
     EXPECT_EQ(Opened("x y.z") + question + " E_FAIL", For("x y.z"));
 }
 
+TEST_F(WhatIsStarted, IsTheBrowserForANameOfAnyLength) {
+    const std::string name = std::string(300, 'n') + extension;
+    EXPECT_EQ("run<iexplore.exe " + current + "\\" + name + "|1>", By("iexplore.exe %1", name));
+    const std::string deep = std::string(300, 'n') + "\\a" + extension;
+    EXPECT_EQ(Opened(deep), For(deep)) << "a folder that is too long can't be split off";
+}
+
 TEST_F(WhatIsStarted, ANullNameIsAnEmptyOne) {
     const ImportPatch shell(LoadedModule(), "SHELL32.dll", "ShellExecuteA",
                             reinterpret_cast<void*>(NoteShellExecute));
     EXPECT_EQ(S_OK, parts->ExecuteFileInShell(nullptr));
     EXPECT_EQ(Opened(""), started.calls);
+}
+
+/// Runs with a Japanese locale: the second byte of a character is that of the backslash.
+class DoubleByteNames : public WhatIsStarted {
+protected:
+    void SetUp() override {
+        if (GetACP() != 932)
+            GTEST_SKIP() << "needs a code page of double-byte characters";
+        WhatIsStarted::SetUp();
+    }
+    void TearDown() override {
+        if (parts)
+            WhatIsStarted::TearDown();
+    }
+};
+
+TEST_F(DoubleByteNames, AreNotTakenApartInsideACharacter) {
+    const std::string table = "\x95\x5C";
+    EXPECT_EQ("run<iexplore.exe " + current + "\\" + table + extension + "|1>",
+              By("iexplore.exe %1", table + extension));
+    EXPECT_EQ(Opened("a" + std::string(extension) + table + "b"),
+              For("a" + std::string(extension) + table + "b"))
+        << "the character belongs to the extension";
+    EXPECT_EQ(Opened("a.nuxtest"), By("C:\\" + table + "iexplore.exe %1")) << "and to the program's name";
 }
 
 /// Programs are really started, which write down their command line.

@@ -41,12 +41,12 @@ TEST(SplitPath, SeesNoSeparatorInHalfACharacter) {
     EXPECT_EQ("||\x95|", Split("\x95", &JapaneseLeadByte)) << "a lone first half";
 }
 
-TEST(SplitPath, RefusesPartsThatAreTooLong) {
+TEST(SplitPath, RefusesAFolderAndAnExtensionThatAreTooLong) {
     EXPECT_NE("-", Split(std::string(254, 'a') + "\\b"));
     EXPECT_EQ("-", Split(std::string(255, 'a') + "\\b"));
     EXPECT_NE("-", Split("a." + std::string(254, 'e')));
     EXPECT_EQ("-", Split("a." + std::string(255, 'e')));
-    EXPECT_EQ("-", Split(std::string(256, 'n')));
+    EXPECT_EQ("||" + std::string(256, 'n') + "|.htm", Split(std::string(256, 'n') + ".htm"));
 }
 
 TEST(ProgramOfCommand, IsWhatStandsInQuotesOrBeforeTheFirstBlank) {
@@ -68,8 +68,8 @@ TEST(ProgramOfCommand, IsNoneForACommandWithoutAnEnd) {
 }
 
 TEST(PathForBrowser, IsAbsolute) {
-    const auto path = [](const std::string& file) {
-        return PathForBrowser(file, *SplitPath(file, &NoLeadByte), "D:\\work", "D:");
+    const auto path = [](const std::string& file, const std::string& current = "D:\\work") {
+        return PathForBrowser(file, *SplitPath(file, &NoLeadByte), current);
     };
     EXPECT_EQ("C:\\a.htm", path("C:\\a.htm"));
     EXPECT_EQ("C:a.htm", path("C:a.htm")) << "a drive is enough";
@@ -77,6 +77,8 @@ TEST(PathForBrowser, IsAbsolute) {
     EXPECT_EQ("D:/a/b.htm", path("/a/b.htm"));
     EXPECT_EQ("D:\\work\\a\\b.htm", path("a\\b.htm"));
     EXPECT_EQ("D:\\work\\b.htm", path("b.htm"));
+    EXPECT_EQ("D:\\\\b.htm", path("b.htm", "D:\\")) << "a root has a separator already, which does no harm";
+    EXPECT_EQ("\\a\\b.htm", path("\\a\\b.htm", "\\\\server\\share")) << "no drive is current";
 }
 
 }  // namespace
