@@ -80,6 +80,9 @@ set_source_files_properties(control/control_tests.rc PROPERTIES
     INCLUDE_DIRECTORIES "${PROJECT_BINARY_DIR}/layers/host;${PROJECT_BINARY_DIR}/generated/host"
     OBJECT_DEPENDS "${PROJECT_BINARY_DIR}/generated/host/SampleHost.tlb")
 add_dependencies(control_tests nuxStdPartsAX started fail_with_log)
+# Names of double-byte characters.
+add_test(NAME control_tests_ja_JP COMMAND control_tests --gtest_filter=DoubleByte*)
+set_tests_properties(control_tests_ja_JP PROPERTIES TIMEOUT 300 LABELS once ENVIRONMENT "NUX_LOCALE=ja_JP.UTF-8")
 # What the tests run in a process of its own.
 add_executable(started control/started.cpp)
 add_executable(fail_with_log control/fail_with_log.cpp)

@@ -6,8 +6,10 @@
 #include "framework/Handles.h"
 #include "tests/control/HostedComponent.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/support/PrivateMemory.h"
 #include "tests/support/RawVariant.h"
+#include "tests/support/ThreadLocale.h"
 
 namespace nux {
 namespace {
@@ -77,6 +79,51 @@ TEST_F(EditedComponents, OpenAPageWhoseNameHasUmlautsBlanksAndSlashes) {
               Opened());
 }
 
+TEST_F(EditedComponents, OpenThePageBelowTheObjectsOwnPath) {
+    AttachBrowser();
+    const std::string elsewhere = folder.MakeFolder("elsewhere");
+    folder.Write("elsewhere\\Catalog.xml", "<c><Part><ID>P</ID><Geometry>M8.htm</Geometry></Part></c>");
+    folder.Write("elsewhere\\BOLTS\\M8.htm", "");
+    objects.application->SetFolder(L"BOLTS", Widen(elsewhere));
+    EXPECT_EQ(S_OK, Reload(L"BOLTS", L"P")) << "the catalogue is read where the host says";
+    EXPECT_EQ(Texts{componentPage}, Opened());
+    const ComPtr<InuxStdParts> other = CreateParts();
+    ASSERT_EQ(S_OK, SetPaths(other, elsewhere, elsewhere, gui, custom));
+    EXPECT_EQ(S_OK, Reload(L"BOLTS", L"P"));
+    EXPECT_EQ(Texts{componentPage}, Opened()) << "whatever another object has set";
+}
+
+TEST_F(EditedComponents, HaveIdsAndAddressesInTheCodePageOfTheThread) {
+    AttachBrowser();
+    objects.application->SetFolder(L"\u0416", Widen(catalogs + "BOLTS\\"));
+    folder.Write("catalogs\\BOLTS\\Catalog.xml",
+                 "<c><Part><ID>&#x416;</ID><Geometry>&#x416;.htm</Geometry></Part></c>");
+    folder.Write("catalogs\\\xc6\\\xc6.htm", "");  // by the system's code page another letter
+    const ThreadLocale locale(russian);
+    EXPECT_EQ(S_OK, Reload(L"\u0416", L"\u0416"));
+    EXPECT_EQ(Texts{"file://" + catalogs + "\xc6\\\xc6.htm"}, Opened());
+}
+
+/// One whose values are null texts.
+class ComponentWithoutValues : public host::EditedComponent {
+public:
+    using EditedComponent::EditedComponent;
+
+    STDMETHODIMP GetValue(BSTR, BSTR* value) override {
+        *value = nullptr;
+        return S_OK;
+    }
+};
+
+TEST_F(EditedComponents, HaveEmptyIdsForNullTexts) {
+    AttachBrowser();
+    const auto component =
+        MakeObject<ComponentWithoutValues>(std::make_shared<host::CallRecord>(), L"BOLTS", L"M8");
+    EXPECT_EQ(noPart, Told([&] { EXPECT_EQ(E_FAIL, Edit(component.Get(), 1)); }));
+    folder.Write("catalogs\\Catalog.xml", "<c><Part><ID/><Geometry>M8.htm</Geometry></Part></c>");
+    EXPECT_EQ(noGeometry, Told([&] { EXPECT_EQ(E_FAIL, Edit(component.Get(), 1)); }));
+}
+
 TEST_F(EditedComponents, WithoutABrowserAreKeptWithoutALookAtTheirPage) {
     EXPECT_EQ("", Told([&] { EXPECT_EQ(S_OK, Reload(L"BOLTS", L"M10")); }));
     EXPECT_TRUE(Edited());
@@ -98,6 +145,14 @@ TEST_F(EditedComponents, AreDroppedForAnythingThatIsNoObject) {
             EXPECT_EQ(Texts{"Navigate " + defaultPage}, Asked({Call::Close, Call::Navigate}));
         }
     }
+    VARIANT inner{};
+    inner.vt = VT_DISPATCH;
+    inner.pdispVal = EditOne().Get();
+    VARIANT reference{};
+    reference.vt = VT_BYREF | VT_VARIANT;
+    reference.pvarVal = &inner;
+    EXPECT_EQ(S_OK, parts->SetEditedComponent(reference, 0));
+    EXPECT_FALSE(Edited());
     VARIANT unknown{};
     unknown.vt = VT_UNKNOWN;
     unknown.punkVal = EditOne().Get();
@@ -221,6 +276,38 @@ TEST_F(LocalisedComponents, FailuresAreToldOverTheControlsWindowInTheUsersLangua
     EXPECT_EQ(GetAncestor(window, GA_ROOT), GetAncestor(boxes[0].owner, GA_ROOT));
 }
 
+/// What is seen of the component and asked of the host while the user is told of a failure.
+std::string meanwhile;
+std::function<std::string()> lookMeanwhile;
+
+int WINAPI LookAndPressOk(HWND, const char*, const char*, UINT) {
+    meanwhile += lookMeanwhile();
+    return IDOK;
+}
+
+TEST_F(EditedComponents, AreGoneBeforeTheUserIsToldAndThePageOpensBehindIt) {
+    AttachBrowser();
+    const ImportPatch boxes(LoadedModule(), "USER32.dll", "MessageBoxA",
+                            reinterpret_cast<void*>(LookAndPressOk));
+    ASSERT_TRUE(boxes);
+    lookMeanwhile = [&] {
+        return std::string(Edited() ? "edited" : "none") + " " + std::to_string(Opened().size()) + ";";
+    };
+    const auto expect = [&](const std::string& seen, const std::function<HRESULT()>& work) {
+        EditOne();
+        meanwhile.clear();
+        work();
+        EXPECT_EQ(seen, meanwhile);
+    };
+    expect("none 0;", [&] { return Reload(L"BOLTS", L"none"); });
+    expect("none 0;", [&] { return Reload(L"BOLTS", L"M12"); });
+    expect("none 0;", [&] { return Reload(L"BOLTS", L"M10"); });
+    expect("none 0;", [&] { return GetComponent("BOLTS", "none"); });
+    objects.Record().Fail(Call::Navigate, E_FAIL, 1);
+    expect("none 1;", [&] { return Reload(L"BOLTS", L"M8"); });
+    lookMeanwhile = nullptr;
+}
+
 TEST_F(EditedComponents, LeaveTheIdsAlone) {
     AttachBrowser();
     EXPECT_EQ(" ", Ids());
@@ -273,6 +360,32 @@ TEST_F(Components, AreTakenAndTheirPageIsTheCallersToOpen) {
     EXPECT_EQ("", Told([&] { EXPECT_EQ(S_OK, GetComponent("BOLTS", "M10")); })) << "its page is missing";
     EXPECT_EQ("BOLTS M10", Ids());
     EXPECT_TRUE(Opened().empty());
+}
+
+TEST_F(Components, MayLieInTheCatalogueWithoutAName) {
+    folder.Write("catalogs\\Catalog.xml", "<c><Part><ID>M8</ID><Geometry>M8.htm</Geometry></Part></c>");
+    EXPECT_EQ(S_OK, GetComponent("BOLTS", "M10"));
+    EXPECT_EQ("", Told([&] { EXPECT_EQ(S_OK, GetComponent("", "M8")); }));
+    EXPECT_EQ(" M8", Ids());
+}
+
+TEST_F(Components, CloseTheEditedOneBeforeTheCatalogueIsLookedFor) {
+    EditOne();
+    EXPECT_EQ(S_OK, GetComponent("BOLTS", "M8"));
+    EXPECT_EQ((Texts{"Close", "CatalogFolder BOLTS"}), Asked({Call::Close, Call::CatalogFolder}));
+}
+
+TEST_F(Components, TheEditedOneIsStillThereWhileItIsClosed) {
+    const auto component = EditOne();
+    bool seen = false;
+    objects.Record().whenCalled = [&](const host::CallRecord::Line& line) {
+        if (line.call == Call::Close)
+            seen = Edited().Get() == static_cast<IDispatch*>(component.Get());
+    };
+    EXPECT_EQ(S_OK, GetComponent("BOLTS", "M8"));
+    objects.Record().whenCalled = nullptr;
+    EXPECT_TRUE(seen);
+    EXPECT_FALSE(Edited());
 }
 
 TEST_F(Components, CloseTheEditedOne) {

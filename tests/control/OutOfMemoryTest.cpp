@@ -13,6 +13,7 @@
 #include <functional>
 #include <thread>
 
+#include "environment/Registry.h"
 #include "tests/control/ControlSinks.h"
 #include "tests/control/ControlSite.h"
 #include "tests/control/HostedComponent.h"
@@ -261,8 +262,14 @@ int WINAPI PressOk(HWND, const char*, const char*, UINT) {
     return IDOK;
 }
 
-HINSTANCE WINAPI StartNothing(HWND, const char*, const char*, const char*, const char*, int) {
-    return reinterpret_cast<HINSTANCE>(33);
+INT_PTR answerOfShell = 33;  ///< to a file that is to be opened
+
+HINSTANCE WINAPI StartNothing(HWND, const char* verb, const char*, const char*, const char*, int) {
+    return reinterpret_cast<HINSTANCE>(verb ? answerOfShell : 33);
+}
+
+UINT WINAPI RunNothing(const char*, UINT) {
+    return 33;
 }
 
 BOOL WINAPI ChooseFile(OPENFILENAMEA* description) {
@@ -408,6 +415,25 @@ TEST_F(AllocationFailureInAHost, IsReportedByTheDialogs) {
     const Bstr file(folder.Path() + "file.nuxtest", CP_ACP);
     const Bstr filter(L"A description of some length|*.txt|All|*.*");
     EXPECT_GT(FailEach("ExecuteFileInShell", [&] { return parts->ExecuteFileInShell(file.Get()); }), 0);
+    answerOfShell = SE_ERR_NOASSOC;
+    EXPECT_GT(FailEach("ExecuteFileInShell, a file of no application",
+                       [&] { return Expected(parts->ExecuteFileInShell(file.Get())); }),
+              1);
+    answerOfShell = 33;
+    {
+        const ImportPatch run(module.Handle(), "KERNEL32.dll", "WinExec",
+                              reinterpret_cast<void*>(RunNothing));
+        ASSERT_TRUE(run);
+        CRegistry(HKEY_CLASSES_ROOT).SetStringValue(".nuxtest", "", "nuxtest.file of some length");
+        CRegistry(HKEY_CLASSES_ROOT)
+            .SetStringValue("nuxtest.file of some length\\shell\\open\\command", "",
+                            "\"C:\\a folder of some length\\IEXPLORE.EXE\" %1");
+        EXPECT_GT(FailEach("ExecuteFileInShell, in the browser",
+                           [&] { return parts->ExecuteFileInShell(file.Get()); }),
+                  5);
+        CRegistry(HKEY_CLASSES_ROOT).Delete(".nuxtest", nullptr);
+        CRegistry(HKEY_CLASSES_ROOT).Delete("nuxtest.file of some length", nullptr);
+    }
     BSTR path = nullptr;
     EXPECT_GT(FailEach(
                   "GetSaveFileName",

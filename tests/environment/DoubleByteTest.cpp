@@ -112,6 +112,13 @@ TEST_F(DoubleByte, FolderWhoseNameEndsInTheByteOfASeparatorIsFound) {
     EXPECT_FALSE(DirectoryExists(languages_.Folder().Path() + table));
 }
 
+TEST_F(DoubleByte, PathWhoseLastCharacterEndsInThatByteEndsInNoSeparator) {
+    EXPECT_FALSE(EndsInSeparator("C:\\" + table));
+    EXPECT_FALSE(EndsInSeparator(table));
+    EXPECT_TRUE(EndsInSeparator("C:\\" + table + "\\"));
+    EXPECT_TRUE(EndsInSeparator(table + "/"));
+}
+
 TEST_F(DoubleByte, DimensionFileIsMadeInAFolderWhoseNameEndsInThatByte) {
     const std::string folder = languages_.Folder().Path() + show + table;
     for (const char* end : {"", "\\", "/"}) {

@@ -107,6 +107,45 @@ TEST_F(PathTests, TakeTheTargetOfABareSchemeForMissing) {
     EXPECT_FALSE(URLTargetExists("file://" + folder_.Path()));
 }
 
+TEST_F(PathTests, TakeAFolderAndAHeldFileForMissingTargets) {
+    folder_.MakeFolder("folder.htm");
+    EXPECT_FALSE(URLTargetExists(folder_.Url("folder.htm")));
+    EXPECT_FALSE(URLTargetExists(folder_.Url("folder.htm\\")));
+    const std::string path = folder_.Write("a.htm", "");
+    UniqueFile held(
+        CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(held);
+    EXPECT_FALSE(URLTargetExists("file://" + path));
+    EXPECT_TRUE(URLTargetExists("http://" + path)) << "another scheme is not looked at";
+    held.Reset();
+    EXPECT_TRUE(URLTargetExists("file://" + path));
+}
+
+TEST_F(PathTests, FindATargetWithAnySlashesUmlautsAndBlanks) {
+    const std::string name =
+        "Gr\xf6\xdf"
+        "en 1\\Seite \xfc #2 %20.htm";
+    std::string path = folder_.Write(name, "");
+    EXPECT_TRUE(URLTargetExists("file://" + path));
+    for (char& character : path) {
+        if (character == '\\') {
+            character = '/';
+            EXPECT_TRUE(URLTargetExists("file://" + path)) << path;
+        }
+    }
+    EXPECT_FALSE(URLTargetExists(folder_.Url("Gr%F6%DFen%201\\Seite%20%FC%20%232%20%2520.htm")))
+        << "nothing is escaped";
+}
+
+TEST_F(PathTests, TellWhetherAPathEndsInASeparator) {
+    EXPECT_TRUE(EndsInSeparator("C:\\a\\"));
+    EXPECT_TRUE(EndsInSeparator("C:/a/"));
+    EXPECT_TRUE(EndsInSeparator("\\"));
+    EXPECT_FALSE(EndsInSeparator("C:\\a"));
+    EXPECT_FALSE(EndsInSeparator("C:"));
+    EXPECT_FALSE(EndsInSeparator(""));
+}
+
 TEST_F(PathTests, TakeAThirdSlashForPartOfThePath) {
     const std::string path = folder_.Write("a.htm", "");
     EXPECT_EQ(FileExists("/" + path), URLTargetExists("file:///" + path));
