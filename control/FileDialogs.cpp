@@ -34,7 +34,6 @@ SaveFileDialog::SaveFileDialog(HWND parent, std::string defaultExtension, const 
 }
 
 std::optional<std::string> SaveFileDialog::Run(const std::string& title, std::string filter) {
-    const LiveObject loaded;
     std::replace(filter.begin(), filter.end(), '|', '\0');
     filter.append(2, '\0');
     // On a copy: for a path that is too long the platform fails and leaves its length in the place of the
@@ -58,7 +57,6 @@ std::optional<std::string> SaveFileDialog::Run(const std::string& title, std::st
 }
 
 std::optional<std::string> FolderDialog::Run(const std::string& title) {
-    const LiveObject loaded;
     char name[MAX_PATH] = "";
     BROWSEINFOA description{};
     description.hwndOwner = parent_;

@@ -278,6 +278,47 @@ TEST_F(FileDialogs, AnExportNeedsTheHostsMainObject) {
     EXPECT_EQ(E_INVALIDARG, parts->TRNVExportDlg(1, nullptr));
 }
 
+std::function<void()> whileOpen;
+
+BOOL WINAPI CancelFile(OPENFILENAMEA*) {
+    whileOpen();
+    return FALSE;
+}
+
+PIDLIST_ABSOLUTE WINAPI CancelFolder(BROWSEINFOA*) {
+    whileOpen();
+    return nullptr;
+}
+
+TEST_F(FileDialogs, MayLetGoOfTheObjectWhileTheyAreOpen) {
+    const ImportPatch files(LoadedModule(), "COMDLG32.dll", "GetSaveFileNameA",
+                            reinterpret_cast<void*>(CancelFile));
+    const ImportPatch folders(LoadedModule(), "SHELL32.dll", "SHBrowseForFolderA",
+                              reinterpret_cast<void*>(CancelFolder));
+    ASSERT_TRUE(files && folders);
+    whileOpen = [&] {
+        parts.Reset();
+        EXPECT_EQ(2u, References(static_cast<Inux3D*>(objects.side3D.Get()))) << "the call goes on in it";
+        EXPECT_EQ(S_FALSE, ModuleCanUnload());
+    };
+    const std::function<HRESULT(InuxStdParts*, BSTR*)> calls[] = {
+        [](InuxStdParts* last, BSTR* path) {
+            return last->GetSaveFileName(nullptr, nullptr, nullptr, nullptr, path);
+        },
+        [](InuxStdParts* last, BSTR* path) { return last->TRNVExportDlg(1, path); },
+        [](InuxStdParts* last, BSTR* path) { return last->TRNVExportDlg(0, path); }};
+    for (const auto& call : calls) {
+        parts = CreateParts();
+        parts->put_nux3D(objects.side3D.Get());
+        Bstr path;
+        EXPECT_EQ(S_OK, call(parts.Get(), path.Receive()));
+        EXPECT_TRUE(path);
+        EXPECT_EQ(1u, References(static_cast<Inux3D*>(objects.side3D.Get())));
+        EXPECT_EQ(S_OK, ModuleCanUnload());
+    }
+    whileOpen = nullptr;
+}
+
 /// The dialogs of exports stay as long as the module: each of these tests has it loaded anew.
 class Exports : public FileDialogs {
 protected:

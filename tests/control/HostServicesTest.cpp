@@ -117,6 +117,14 @@ TEST_F(WhatIsStarted, IsTheShellsChoice) {
     EXPECT_EQ(Opened(plain), For(plain)) << "an extension without a class";
     CRegistry(HKEY_CLASSES_ROOT).SetStringValue(extension, "", "nuxtest.missing");
     EXPECT_EQ(Opened(plain), For(plain)) << "a class that is missing";
+    CRegistry(HKEY_CLASSES_ROOT).SetStringValue("shell\\open\\command", "", "iexplore.exe %1");
+    CRegistry(HKEY_CLASSES_ROOT).SetStringValue(extension, "", "");
+    EXPECT_EQ(Opened(plain), For(plain)) << "a command of no class";
+    CRegistry(HKEY_CLASSES_ROOT).Delete("shell", nullptr);
+    Register("iexplore.exe %1");
+    CRegistry(HKEY_CLASSES_ROOT).SetStringValue("", "", fileClass);
+    EXPECT_EQ(Opened("name"), For("name")) << "a class of no extension";
+    CRegistry(HKEY_CLASSES_ROOT).Delete("", "");
 }
 
 TEST_F(WhatIsStarted, IsTheShellsChoiceForACommandWithoutAnEnd) {

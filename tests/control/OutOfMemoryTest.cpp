@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <functional>
 #include <thread>
+#include <utility>
 
 #include "environment/Registry.h"
 #include "tests/control/ControlSinks.h"
@@ -27,6 +28,7 @@
 namespace nux {
 namespace {
 
+using host::Call;
 using Extent = FailingAllocations::Extent;
 
 class AllocationFailure : public HostedTest {
@@ -387,6 +389,30 @@ TEST_F(AllocationFailureInAHost, IsReportedByTheComponents) {
             "SetEditedComponent, without a geometry", empty, [&] { return Expected(Edit(without.Get(), 1)); },
             [&] { EXPECT_EQ(defaultPage, Opened().back()); }),
         5);
+    const auto missing = objects.Edit(L"BOLTS", L"none");
+    const auto withoutPage = objects.Edit(L"BOLTS", L"M10");
+    for (const auto& [name, edited] : {std::pair("SetEditedComponent, without a part", missing.Get()),
+                                       std::pair("SetEditedComponent, without a page", withoutPage.Get())}) {
+        EXPECT_GT(FailEach(
+                      name, empty, [&] { return Expected(Edit(edited, 1)); },
+                      [&] {
+                          EXPECT_FALSE(Edited());
+                          EXPECT_EQ(defaultPage, Opened().back());
+                      }),
+                  5);
+    }
+    objects.Record().Fail(Call::Navigate, E_FAIL, 0);
+    EXPECT_GT(FailEach(
+                  "SetEditedComponent, in a browser that fails", empty,
+                  [&] { return Expected(Edit(component.Get(), 1)); }, [&] { EXPECT_FALSE(Edited()); }),
+              5);
+    objects.Record().Restore();
+    EXPECT_GT(FailEach("SetEditedComponent, a foreign object",
+                       [&] {
+                           const HRESULT result = Edit(objects.application.Get(), 1);
+                           return result == E_INVALIDARG ? S_OK : result;
+                       }),
+              0);
 }
 
 TEST_F(AllocationFailureInAHost, OfAComponentLeavesNothingHalf) {
