@@ -160,8 +160,8 @@ public:
 
     /// Takes the component of the model that is being edited. CatalogID and ComponentID stay as they are.
     /// @param EditedComponent  VT_DISPATCH with an InuxEditedComponent; anything else drops the current
-    /// component and
-    ///                         opens the default page
+    ///                         component and opens the default page, also a reference to a variable, as
+    ///                         VBScript passes one
     /// @param fReload          0 to keep the object only; otherwise its part is found and its page opened
     /// @return E_INVALIDARG for an object of another kind; E_FAIL, after the user was told, if part or page
     /// are missing
