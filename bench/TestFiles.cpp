@@ -76,13 +76,13 @@ std::string PartId(std::size_t i) {
     return Numbered("GP%05u", i);
 }
 
-std::string CatalogueFile(std::size_t parts) {
+std::string CatalogueFile(std::size_t parts, const std::string& more) {
     std::string file = declaration;
     file += "<Catalog>\n";
     for (std::size_t i = 0; i < parts; ++i) {
         if (i % 100 == 0)
             file += "<Folder><Name>" + Numbered("Series %u", i / 100) + "</Name>\n";
-        file += "  <Part><ID>" + PartId(i) + "</ID><Name>" + MessageId(i) + "</Name></Part>\n";
+        file += "  <Part><ID>" + PartId(i) + "</ID><Name>" + MessageId(i) + "</Name>" + more + "</Part>\n";
         if (i % 100 == 99 || i + 1 == parts)
             file += "</Folder>\n";
     }

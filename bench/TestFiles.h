@@ -29,7 +29,8 @@ std::string MessageFile(std::size_t entries, bool shuffled);
 std::string PartId(std::size_t i);
 
 /// A catalogue file with parts in folders of a hundred.
-std::string CatalogueFile(std::size_t parts);
+/// @param more  child elements of each part beside its ID and name
+std::string CatalogueFile(std::size_t parts, const std::string& more = {});
 
 /// How many kinds of parts a file of sizes has.
 inline constexpr std::size_t partKinds = 20;

@@ -1,4 +1,4 @@
-// The document layer and the message tables, against the same calls of the bare DOM.
+// The document layer, the message tables and the current component, against the same calls of the bare DOM.
 //
 //     bench_documents FOLDER
 //
@@ -14,8 +14,10 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "Inux3D.h"
 #include "bench/Measurement.h"
 #include "bench/TestFiles.h"
 #include "environment/Environment.h"
@@ -23,7 +25,10 @@
 #include "environment/Localisation.h"
 #include "environment/MessageTable.h"
 #include "environment/XMLAccess.h"
+#include "framework/ComObject.h"
+#include "framework/Dispatch.h"
 #include "framework/Text.h"
+#include "nuxStdPartsAX.h"
 
 using namespace nux;
 using namespace nux::bench;
@@ -141,6 +146,37 @@ void CompareMessages(Table& table, bool shuffled) {
     Row(table, "1", "One message" + what + ", against 2 microseconds", lookups, allowed);
 }
 
+/// An object of the host that stands for a component of the model.
+class EditedComponent : public Dispatch<InuxEditedComponent> {
+public:
+    explicit EditedComponent(std::string id) : id_(std::move(id)) {}
+    virtual ~EditedComponent() = default;
+
+    STDMETHODIMP Close() override { return S_OK; }
+    STDMETHODIMP GetValue(BSTR name, BSTR* value) override {
+        *value = Bstr(std::wstring_view(name) == L"ID" ? id_ : catalogue, CP_ACP).Detach();
+        return S_OK;
+    }
+
+    static constexpr char catalogue[] = "Pillars";
+
+private:
+    std::string id_;
+};
+
+/// The component as any client gets it, from the registered module. It works on the folder of the tests
+/// without a host, so that all catalogues are the one that lies there.
+ComPtr<InuxStdParts> MakeComponent() {
+    ComPtr<InuxStdParts> parts;
+    Require(SUCCEEDED(CoCreateInstance(CLSID_nuxStdParts, nullptr, CLSCTX_INPROC_SERVER, IID_InuxStdParts,
+                                       parts.ReceiveVoid())),
+            "no component");
+    const Bstr path(TestPath(""), CP_ACP);
+    const Bstr gui(TestPath("gui\\"), CP_ACP);
+    Require(SUCCEEDED(parts->SetTRNVPaths(path.Get(), path.Get(), gui.Get(), path.Get())), "no paths");
+    return parts;
+}
+
 void CompareComponents(Table& table) {
     constexpr std::size_t parts = 10000;
     WriteFile("Catalog.xml", CatalogueFile(parts));
@@ -176,6 +212,49 @@ void CompareComponents(Table& table) {
     ClearXMLDocumentCache();
 }
 
+/// GetComponent and SetEditedComponent against the selection of the part alone.
+void CompareCurrentComponents(Table& table) {
+    constexpr std::size_t count = 100000;
+    WriteFile("Catalog.xml", CatalogueFile(count, "<Geometry>page.htm</Geometry>"));
+    const ComPtr<IXMLDOMDocument> document = LoadBare(TestUrl("Catalog.xml"));
+    const ComPtr<IXMLDOMNode> root = GetRootNode(document.Get());
+    const ComPtr<InuxStdParts> component = MakeComponent();
+    const Bstr catalogue(EditedComponent::catalogue, CP_ACP);
+    for (const auto& [which, id] :
+         {std::pair("the first", PartId(0)), std::pair("the last", PartId(count - 1))}) {
+        const Bstr part(id, CP_ACP);
+        const auto edited = MakeObject<EditedComponent>(id);
+        VARIANT object{};
+        object.vt = VT_DISPATCH;
+        object.pdispVal = edited.Get();
+        const auto bare = [&] {
+            return SecondsOf([&] {
+                ComPtr<IXMLDOMNode> found;
+                root->selectSingleNode(Bstr("//Part[ID='" + id + "']", CP_THREAD_ACP).Get(), found.Receive());
+                Require(static_cast<bool>(found), "no part");
+            });
+        };
+        const auto get = [&] {
+            const double seconds = SecondsOf([&] { component->GetComponent(catalogue.Get(), part.Get()); });
+            Bstr taken;
+            component->get_ComponentID(taken.Receive());
+            Require(taken.View() == part.View(), "the component was not taken");
+            return seconds;
+        };
+        const auto edit = [&] {
+            HRESULT result = E_FAIL;
+            const double seconds = SecondsOf([&] { result = component->SetEditedComponent(object, 1); });
+            Require(result == S_OK, "the component was not edited");
+            return seconds;
+        };
+        const auto seconds = MeasureInTurn(7, {bare, get, edit});
+        Row(table, "1.1", std::string("`GetComponent` among 100,000 parts, ") + which, seconds[1],
+            seconds[0]);
+        Row(table, "1.1", std::string("`SetEditedComponent` among 100,000 parts, ") + which, seconds[2],
+            seconds[0]);
+    }
+}
+
 }  // namespace
 
 int main(int count, char** arguments) try {
@@ -195,6 +274,7 @@ int main(int count, char** arguments) try {
     CompareMessages(table, false);
     CompareMessages(table, true);
     CompareComponents(table);
+    CompareCurrentComponents(table);
     return EXIT_SUCCESS;
 } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());
