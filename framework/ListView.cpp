@@ -7,7 +7,8 @@ void ListView::SetExtendedStyle(DWORD style) const noexcept {
 }
 
 void ListView::SetImages(UniqueImageList images) const noexcept {
-    Send(LVM_SETIMAGELIST, LVSIL_SMALL, images.Detach());
+    const UniqueImageList before(
+        reinterpret_cast<HIMAGELIST>(Send(LVM_SETIMAGELIST, LVSIL_SMALL, images.Detach())));
 }
 
 void ListView::InsertColumn(int column, int format, int width, const std::string& caption) const noexcept {

@@ -21,7 +21,7 @@ public:
 
     /// @param style  LVS_EX_ flags, which take the place of all others
     void SetExtendedStyle(DWORD style) const noexcept;
-    /// Images in front of the rows. The control owns them from here on.
+    /// Images in front of the rows. The control owns them from here on; those of before go.
     void SetImages(UniqueImageList images) const noexcept;
 
     /// @param format  LVCFMT_ alignment
