@@ -14,10 +14,11 @@ HWND Item(HWND dialog, int id) {
 }
 
 std::string ControlText(HWND control) {
-    const auto length = static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH));
-    SharedBlock block(control, length + 1);
-    Ask(control, WM_GETTEXT, length + 1, block.Address());
-    return block.ReadText(0);
+    // The system carries this message's text from one process to another by itself.
+    std::string text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(
+        Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    return text;
 }
 
 bool IsChecked(HWND button) {

@@ -4,60 +4,17 @@
 #include "driver/Input.h"
 #include "driver/Waiting.h"
 #include "tests/dimensions/DimensionChooserFixture.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/RawVariant.h"
 #include "tests/support/WithUser.h"
 
 namespace nux {
 namespace {
 
-/// A program with a console, run beside the test.
-class ConsoleProgram {
-public:
-    explicit ConsoleProgram(std::string commandLine) {
-        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-        HANDLE write = nullptr;
-        CreatePipe(&output_, &write, &inherited, 0);
-        SetHandleInformation(output_, HANDLE_FLAG_INHERIT, 0);
-        STARTUPINFOA start{};
-        start.cb = sizeof start;
-        start.dwFlags = STARTF_USESTDHANDLES;
-        start.hStdOutput = start.hStdError = write;
-        if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                            &process_))
-            ADD_FAILURE() << "can't start " << commandLine;
-        CloseHandle(write);
-    }
-    ConsoleProgram(const ConsoleProgram&) = delete;
-    ConsoleProgram& operator=(const ConsoleProgram&) = delete;
-    ~ConsoleProgram() {
-        TerminateProcess(process_.hProcess, 1);  // does nothing to one that has ended
-        CloseHandle(process_.hProcess);
-        CloseHandle(process_.hThread);
-        CloseHandle(output_);
-    }
-
-    driver::Application Windows() const { return driver::Application::OfProcess(process_.dwProcessId); }
-
-    /// Waits for its end, and returns what it has written.
-    std::string Output() {
-        std::string text;
-        char part[256];
-        DWORD length = 0;
-        while (ReadFile(output_, part, sizeof part, &length, nullptr) && length > 0)
-            text.append(part, length);
-        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(process_.hProcess, driver::patience));
-        return text;
-    }
-
-private:
-    PROCESS_INFORMATION process_{};
-    HANDLE output_ = nullptr;
-};
-
 class Registered : public DimensionChooserFixture {};
 
 TEST_F(Registered, AScriptGetsTheRowThatItsUserChooses) {
-    ConsoleProgram script("cscript.exe /nologo \"" NUX_SCRIPTS "/choose.js\"");
+    ChildProcess script("cscript.exe /nologo \"" NUX_SCRIPTS "/choose.js\"");
     const HWND first = script.Windows().Dialog("Choose dimensions");
     const driver::ListView list(driver::Item(first, IDC_SIZES));
     EXPECT_EQ((std::vector<std::string>{"1", "2", "3"}), list.Column(1));
@@ -78,7 +35,7 @@ TEST_F(Registered, AScriptGetsTheRowThatItsUserChooses) {
         "chosen: 3\r\n"
         "cancelled: null\r\n"
         "still there: s z\r\n",
-        script.Output());
+        script.Wait().output);
 }
 
 TEST_F(Registered, AClientGetsTheRowAndKeepsItBeyondTheObject) {

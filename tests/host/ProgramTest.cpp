@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,19 +14,12 @@
 #include "driver/Input.h"
 #include "driver/ListView.h"
 #include "driver/Waiting.h"
-#include "framework/Handles.h"
 #include "host/resource.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/TempFolder.h"
 
 namespace nux {
 namespace {
-
-struct ProcessTraits {
-    using Type = HANDLE;
-    static Type Empty() noexcept { return nullptr; }
-    static void Close(Type handle) noexcept { CloseHandle(handle); }
-};
-using UniqueProcess = UniqueHandle<ProcessTraits>;
 
 /// The program, which was told an installation of one catalogue.
 class SampleHostProgramTest : public testing::Test {
@@ -40,35 +34,19 @@ protected:
             folder_.MakeFolder(name);
         RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Orvenna\\SampleHost");
     }
-    ~SampleHostProgramTest() override {
-        if (process_)
-            TerminateProcess(process_.Get(), 1);
-    }
-
     void Start() {
-        STARTUPINFOA start{};
-        start.cb = sizeof start;
-        PROCESS_INFORMATION process{};
-        std::string commandLine = "\"" NUX_SAMPLE_HOST "\" \"" + folder_.Path() + "\\\"";
-        ASSERT_TRUE(CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                                   &start, &process));
-        CloseHandle(process.hThread);
-        process_ = UniqueProcess(process.hProcess);
-        processId_ = process.dwProcessId;
+        process_.emplace("\"" NUX_SAMPLE_HOST "\" \"" + folder_.Path() + "\\\"");
         window_ = Program().Window("SampleHost");
         WaitForCall("    Navigate " + DefaultPage());
     }
     /// Closes the program, and sees that it ends well.
     void End() {
         PostMessageA(window_, WM_CLOSE, 0, 0);
-        ASSERT_EQ(WAIT_OBJECT_0, WaitForSingleObject(process_.Get(), 20000));
-        DWORD code = 1;
-        GetExitCodeProcess(process_.Get(), &code);
-        EXPECT_EQ(0u, code);
-        process_.Reset();
+        EXPECT_EQ(0u, process_->Wait().exitCode);
+        process_.reset();
     }
 
-    driver::Application Program() const { return driver::Application::OfProcess(processId_); }
+    driver::Application Program() const { return process_->Windows(); }
     driver::ListView Calls() const {
         return driver::ListView(FindWindowExA(window_, nullptr, "SysListView32", nullptr));
     }
@@ -92,8 +70,7 @@ protected:
     HWND window_ = nullptr;
 
 private:
-    DWORD processId_ = 0;
-    UniqueProcess process_;
+    std::optional<ChildProcess> process_;
 };
 
 TEST_F(SampleHostProgramTest, TheComponentIsStartedAndItsDefaultPageOpened) {

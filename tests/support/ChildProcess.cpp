@@ -1,63 +1,48 @@
 #include "tests/support/ChildProcess.h"
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
-#include "framework/Handles.h"
-
 namespace nux {
-namespace {
 
-struct PlainHandleTraits {
-    using Type = HANDLE;
-    static Type Empty() noexcept { return nullptr; }
-    static void Close(Type handle) noexcept { CloseHandle(handle); }
-};
-using PlainHandle = UniqueHandle<PlainHandleTraits>;
-
-std::string OwnFolder() {
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, sizeof path);
-    const std::string text = path;
-    return text.substr(0, text.rfind('\\') + 1);
-}
-
-}  // namespace
-
-Ended RunProgram(const std::string& program, const std::string& arguments) {
+ChildProcess::ChildProcess(std::string commandLine) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    PlainHandle read;
-    PlainHandle write;
-    EXPECT_TRUE(CreatePipe(read.Receive(), write.Receive(), &inherited, 0));
-    SetHandleInformation(read.Get(), HANDLE_FLAG_INHERIT, 0);
-
+    HANDLE write = nullptr;
+    EXPECT_TRUE(CreatePipe(&output_, &write, &inherited, 0));
+    SetHandleInformation(output_, HANDLE_FLAG_INHERIT, 0);
     STARTUPINFOA start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
-    start.hStdOutput = write.Get();
+    start.hStdOutput = write;
     start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-    PROCESS_INFORMATION process{};
-    std::string commandLine = "\"" + OwnFolder() + program + ".exe\" " + arguments;
     if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                        &process)) {
+                        &process_))
         ADD_FAILURE() << "can't start " << commandLine;
-        return {};
-    }
-    const PlainHandle running(process.hProcess);
-    const PlainHandle thread(process.hThread);
-    write.Reset();
+    CloseHandle(write);
+}
 
+ChildProcess::~ChildProcess() {
+    TerminateProcess(process_.hProcess, 1);  // does nothing to one that has ended
+    CloseHandle(process_.hProcess);
+    CloseHandle(process_.hThread);
+    CloseHandle(output_);
+}
+
+Ended ChildProcess::Wait() {
     Ended ended{};
-    char buffer[4096];
-    DWORD size = 0;
-    while (ReadFile(read.Get(), buffer, sizeof buffer, &size, nullptr) && size > 0)
-        ended.output.append(buffer, size);
-    WaitForSingleObject(running.Get(), INFINITE);
-    DWORD code = 0;
-    GetExitCodeProcess(running.Get(), &code);
-    ended.exitCode = code;
+    char part[4096];
+    DWORD length = 0;
+    while (ReadFile(output_, part, sizeof part, &length, nullptr) && length > 0)
+        ended.output.append(part, length);
+    WaitForSingleObject(process_.hProcess, INFINITE);
+    GetExitCodeProcess(process_.hProcess, &ended.exitCode);
     return ended;
+}
+
+Ended RunProgram(const std::string& program, const std::string& arguments) {
+    char path[MAX_PATH];
+    GetModuleFileNameA(nullptr, path, sizeof path);
+    const std::string own = path;
+    return ChildProcess("\"" + own.substr(0, own.rfind('\\') + 1) + program + ".exe\" " + arguments).Wait();
 }
 
 }  // namespace nux

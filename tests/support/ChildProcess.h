@@ -1,14 +1,34 @@
 #pragma once
 
-#include <cstdint>
+#include <windows.h>
+
 #include <string>
+
+#include "driver/Application.h"
 
 namespace nux {
 
 /// How a program ended.
 struct Ended {
-    std::uint32_t exitCode;
+    DWORD exitCode;
     std::string output;  ///< what it wrote to its standard output
+};
+
+/// A program that runs beside the test. It is ended with this object.
+class ChildProcess {
+public:
+    explicit ChildProcess(std::string commandLine);
+    ChildProcess(const ChildProcess&) = delete;
+    ChildProcess& operator=(const ChildProcess&) = delete;
+    ~ChildProcess();
+
+    driver::Application Windows() const { return driver::Application::OfProcess(process_.dwProcessId); }
+    /// Waits for its end.
+    Ended Wait();
+
+private:
+    PROCESS_INFORMATION process_{};
+    HANDLE output_ = nullptr;
 };
 
 /// Runs a program that lies beside this one and waits for its end.
