@@ -50,9 +50,10 @@ STDMETHODIMP nuxStdParts::AttachBrowser(IDispatch* Browser) {
         Require(Browser, L"Browser");
         Browser->AddRef();  // for the life of the process: the browser must outlive every object that may
                             // reach it
-        const HRESULT result = Browser->QueryInterface(IdOf<IWebBrowser2>(), m_Browser.ReceiveVoid());
-        if (FAILED(result))
-            (void)m_Browser.Detach();
+        ComPtr<IWebBrowser2> browser;  // not the field: who is asked may attach another meanwhile
+        const HRESULT result =
+            Received(Browser->QueryInterface(IdOf<IWebBrowser2>(), browser.ReceiveVoid()), browser);
+        m_Browser = std::move(browser);
         if (const ComPtr<IOleWindow> window = Query<IOleWindow>(Browser))
             window->GetWindow(&m_BrowserHWND);
         if (FAILED(result))
@@ -113,11 +114,11 @@ HRESULT nuxStdParts::CallPageScript(const wchar_t* name, std::span<const Variant
     if (!browser)
         return E_FAIL;
     ComPtr<IDispatch> document;
-    if (FAILED(browser->get_Document(document.Receive())))
+    if (FAILED(Received(browser->get_Document(document.Receive()), document)))
         return E_FAIL;
     const ComPtr<IHTMLDocument> page = document.As<IHTMLDocument>();
     ComPtr<IDispatch> script;
-    if (!page || FAILED(page->get_Script(script.Receive())) || !script)
+    if (!page || FAILED(Received(page->get_Script(script.Receive()), script)) || !script)
         return E_FAIL;
     DISPID function = DISPID_UNKNOWN;
     if (FAILED(FindMember(script.Get(), name, &function, 0)))
@@ -155,11 +156,15 @@ STDMETHODIMP nuxStdParts::put_StatusBar(IDispatch* newVal) {
         m_StatusBar.Reset();
         if (!newVal)
             return;
-        for (std::size_t member = 0; member < StatusBarDispIDs.size(); ++member) {
-            if (FAILED(FindMember(newVal, statusBarMembers[member], &StatusBarDispIDs[member], 0)))
+        auto ids = StatusBarDispIDs;  // not the field: who is asked may put another meanwhile
+        for (std::size_t member = 0; member < ids.size(); ++member) {
+            if (FAILED(FindMember(newVal, statusBarMembers[member], &ids[member], 0))) {
+                m_StatusBar.Reset();
                 throw HResultError(
                     E_FAIL, std::wstring(L"The status bar has no member ") + statusBarMembers[member] + L".");
+            }
         }
+        StatusBarDispIDs = ids;
         m_StatusBar = newVal;
     });
 }

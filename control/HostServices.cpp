@@ -117,7 +117,7 @@ STDMETHODIMP nuxStdParts::GetSaveFileName(BSTR Title, BSTR Filter, BSTR DefFileN
 
 ComPtr<IDispatch> nuxStdParts::MainObjectOfHost() const {
     ComPtr<IDispatch> application;
-    if (FAILED(Host3DOrFail()->GetApplication(application.Receive())) || !application)
+    if (FAILED(Received(Host3DOrFail()->GetApplication(application.Receive()), application)) || !application)
         throw HResultError(E_FAIL, L"The 3D side has no application object.");
     Variant mainObject;
     if (FAILED(CallMethod(application.Get(), mainObjectOfApplication, {}, &mainObject)) ||

@@ -83,7 +83,7 @@ std::string GetCatalogFolder(const std::string& catalogId) {
     if (!host)
         return takeRoot(L"the object in nux3D does not offer Inux3D");
     ComPtr<IDispatch> application;
-    if (FAILED(host->GetApplication(application.Receive())) || !application)
+    if (FAILED(Received(host->GetApplication(application.Receive()), application)) || !application)
         return takeRoot(L"the 3D side gives no application");
 
     const Variant argument(catalogId);

@@ -80,13 +80,22 @@ private:
     Interface* object_ = nullptr;
 };
 
+/// The code of a call that hands out a reference. A failed call owns nothing, whatever it left in the out
+/// argument.
+template <class Interface>
+HRESULT Received(HRESULT result, ComPtr<Interface>& object) noexcept {
+    if (FAILED(result))
+        (void)object.Detach();
+    return result;
+}
+
 /// An interface of `object`, or null if `object` is null or does not offer it.
 /// @param iid  what is asked for; what comes back must be usable as `Interface`
 template <class Interface>
 ComPtr<Interface> Query(IUnknown* object, REFIID iid = IdOf<Interface>()) noexcept {
     ComPtr<Interface> result;
-    if (object && FAILED(object->QueryInterface(iid, result.ReceiveVoid())))
-        (void)result.Detach();  // a failed query owns nothing, whatever it left in the out argument
+    if (object)
+        Received(object->QueryInterface(iid, result.ReceiveVoid()), result);
     return result;
 }
 
@@ -102,11 +111,8 @@ ComPtr<Other> ComPtr<Interface>::As() const noexcept {
 template <class Interface>
 HRESULT CreateObject(REFCLSID classId, ComPtr<Interface>& object,
                      DWORD context = CLSCTX_INPROC_SERVER) noexcept {
-    const HRESULT result =
-        CoCreateInstance(classId, nullptr, context, IdOf<Interface>(), object.ReceiveVoid());
-    if (FAILED(result))
-        (void)object.Detach();
-    return result;
+    return Received(CoCreateInstance(classId, nullptr, context, IdOf<Interface>(), object.ReceiveVoid()),
+                    object);
 }
 
 }  // namespace nux

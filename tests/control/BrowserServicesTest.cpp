@@ -1,6 +1,7 @@
 // The host's browser, the commands of the control's window, the status bar.
 
 #include <gtest/gtest.h>
+#include <mshtml.h>
 
 #include "driver/ScriptEngine.h"
 #include "framework/Handles.h"
@@ -34,6 +35,24 @@ public:
         for (const VARIANT* argument : {flags, frame, data, headers})
             arguments += !argument ? 'n' : argument->vt == VT_EMPTY ? 'e' : '?';
         return Browser::Navigate(url, flags, frame, data, headers);
+    }
+};
+
+/// A browser that writes down which interfaces it is asked for, and how many references are held on it then.
+class AskedBrowser : public host::Browser {
+public:
+    using Browser::Browser;
+
+    std::string asked;
+    std::function<void()> whenAsked;  ///< runs once, at the first query; may be empty
+
+protected:
+    void* FindInterface(REFIID iid) noexcept {
+        asked += iid == IdOf<IWebBrowser2>() ? "browser " : iid == IdOf<IOleWindow>() ? "window " : "other ";
+        asked += std::to_string(References(static_cast<IWebBrowser2*>(this))) + "; ";
+        if (const auto act = std::exchange(whenAsked, nullptr))
+            act();
+        return Browser::FindInterface(iid);
     }
 };
 
@@ -86,6 +105,25 @@ TEST_F(Browsers, AreHeldOnceForTheObjectAndOnceForTheProcess) {
     EXPECT_EQ(3u, references());
     objects.browser->Release();
     objects.browser->Release();
+}
+
+TEST_F(Browsers, AreAskedForThemselvesThenForTheirWindowAndForNoEvents) {
+    const auto browser = MakeObject<AskedBrowser>(std::make_shared<host::CallRecord>());
+    EXPECT_EQ(S_OK, Attach(browser.Get()));
+    EXPECT_EQ("browser 3; window 4; ", browser->asked)
+        << "the test's two, the one of the process before the first query, the one of the object";
+    EXPECT_EQ(S_OK, Navigate(defaultPage));
+    EXPECT_EQ("browser 3; window 4; ", browser->asked) << "nothing is connected later either";
+}
+
+TEST_F(Browsers, MayAttachAnotherWhileTheyAreAsked) {
+    const auto browser = MakeObject<AskedBrowser>(std::make_shared<host::CallRecord>());
+    browser->whenAsked = [&] { AttachBrowser(); };
+    EXPECT_EQ(S_OK, Attach(browser.Get()));
+    EXPECT_EQ(2u, References(static_cast<IWebBrowser2*>(objects.browser.Get())) - 1)
+        << "the test's and the one of the process: the object has let go of it";
+    EXPECT_EQ(Query<IUnknown>(static_cast<IWebBrowser2*>(browser.Get())).Get(),
+              Query<IUnknown>(Browser().Get()).Get());
 }
 
 TEST_F(Browsers, AForeignObjectIsRefusedAndTheOldOneIsGone) {
@@ -318,6 +356,43 @@ TEST_F(Commands, TwoPassesOverPagesThatCannotAnswer) {
     send();
 }
 
+/// Fails and leaves what nobody may use or release.
+HRESULT FailWithWildPointer(IDispatch** out) noexcept {
+    *out = reinterpret_cast<IDispatch*>(1);
+    return E_FAIL;
+}
+
+class BrowserWithWildPage : public host::Browser {
+public:
+    using Browser::Browser;
+    STDMETHODIMP get_Document(IDispatch** document) override { return FailWithWildPointer(document); }
+};
+
+class PageWithWildScript : public Implements<AlsoAs<IHTMLDocument, IDispatch>> {
+public:
+    virtual ~PageWithWildScript() = default;
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP get_Script(IDispatch** script) override { return FailWithWildPointer(script); }
+};
+
+TEST_F(Commands, TwoUsesNothingThatAFailedCallHasLeft) {
+    const auto page = MakeObject<PageWithWildScript>();
+    Variant document;
+    document.SetObject(static_cast<IHTMLDocument*>(page.Get()));
+    objects.Record().Answer(Call::Document, std::move(document));
+    EXPECT_EQ(0, Send(2));
+    EXPECT_EQ(Texts{"Document"}, Asked({Call::Document}));
+    objects.Record().Restore();
+    const auto browser = MakeObject<BrowserWithWildPage>(std::make_shared<host::CallRecord>());
+    EXPECT_EQ(S_OK, Attach(browser.Get()));
+    EXPECT_EQ(0, Send(2));
+}
+
 TEST_F(Commands, ThreeOpensTheWizardPage) {
     const auto component = EditOne();
     EXPECT_EQ("", Told([&] { EXPECT_EQ(0, Send(3)); }));
@@ -382,11 +457,17 @@ TEST_F(Commands, MayLetGoOfTheObject) {
 class StatusBarDouble : public HostDispatch {
 public:
     HRESULT result = S_OK;
+    int known = 4;  ///< how many names it knows, before it knows no further one
     std::string asked;
+    std::function<void()> whenAsked;  ///< runs once, at the first name; may be empty
 
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
         asked += Name(names[0]) + " " + std::to_string(count) + " " + std::to_string(locale) +
                  (iid == GUID_NULL ? "; " : " iid; ");
+        if (const auto act = std::exchange(whenAsked, nullptr))
+            act();
+        if (known-- <= 0)
+            return DISP_E_UNKNOWNNAME;
         *ids = ++last_;
         return S_OK;
     }
@@ -471,6 +552,32 @@ TEST_F(StatusBars, WithoutOneOfTheirMembersAreRefusedAndTheOldOneIsGone) {
     }
     EXPECT_EQ(E_FAIL, parts->put_StatusBar(objects.application.Get()));
     ExpectResult(S_FALSE);
+}
+
+TEST_F(StatusBars, AreAskedUpToTheFirstMemberThatTheyLackAfterTheOldOneHasGone) {
+    const auto old = MakeObject<StatusBarDouble>();
+    EXPECT_EQ(S_OK, parts->put_StatusBar(old.Get()));
+    const auto bar = MakeObject<StatusBarDouble>();
+    bar->known = 2;
+    bar->whenAsked = [&] { EXPECT_EQ(1u, References(static_cast<IDispatch*>(old.Get()))); };
+    EXPECT_EQ(E_FAIL, parts->put_StatusBar(bar.Get()));
+    EXPECT_EQ("SetMessage 1 0; SetProgress 1 0; CreateProgressBar 1 0; ", bar->asked);
+    EXPECT_EQ(1u, References(static_cast<IDispatch*>(bar.Get())));
+}
+
+TEST_F(StatusBars, MayPutAnotherWhileTheyAreAsked) {
+    for (const int known : {2, 4}) {
+        const auto bar = MakeObject<StatusBarDouble>();
+        bar->known = known;
+        bar->whenAsked = [&] { EXPECT_EQ(S_OK, parts->put_StatusBar(objects.statusBar.Get())); };
+        EXPECT_EQ(known == 4 ? S_OK : E_FAIL, parts->put_StatusBar(bar.Get()));
+        bar->asked.clear();
+        ExpectResult(known == 4 ? S_OK : S_FALSE);
+        EXPECT_EQ(known == 4 ? "101 0 1 8=Loading \x80; 102 0 1 3=-5; 103 0 1; 104 0 1; " : "", bar->asked);
+        EXPECT_TRUE(objects.Record().Lines().empty()) << "the other one is not called";
+        EXPECT_EQ(1u, References(static_cast<IDispatch*>(objects.statusBar.Get())));
+        EXPECT_EQ(S_OK, parts->UnLoadStatusBar());
+    }
 }
 
 TEST_F(StatusBars, ThePageIsPaintedAnewWithEachCall) {

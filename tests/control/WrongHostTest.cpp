@@ -152,6 +152,40 @@ TEST_F(WrongHost, MayAnswerOtherObjects) {
     EXPECT_GT(TryEverything(), 0);
 }
 
+/// What nobody may use, and nobody may release.
+template <class Pointer>
+HRESULT FailWithWildPointer(Pointer* out) noexcept {
+    *out = reinterpret_cast<Pointer>(1);
+    return told;
+}
+
+class WildComponent : public host::EditedComponent {
+public:
+    using EditedComponent::EditedComponent;
+    STDMETHODIMP GetValue(BSTR, BSTR* value) override { return FailWithWildPointer(value); }
+};
+
+class WildSide3D : public host::Side3D {
+public:
+    using Side3D::Side3D;
+    STDMETHODIMP GetApplication(IDispatch** application) override { return FailWithWildPointer(application); }
+};
+
+TEST_F(WrongHost, MayLeaveAnythingInTheOutArgumentOfACallThatFails) {
+    const auto record = std::make_shared<host::CallRecord>();
+    const auto component = MakeObject<WildComponent>(record, L"BOLTS", L"M8");
+    EXPECT_EQ(E_FAIL, Edit(component.Get(), 1));
+    EXPECT_FALSE(Edited());
+
+    const auto side = MakeObject<WildSide3D>(record, objects.application);
+    EXPECT_EQ(S_OK, parts->put_nux3D(side.Get()));
+    EXPECT_EQ(S_OK, UseInstallation());
+    Bstr path;
+    EXPECT_EQ(E_FAIL, parts->TRNVExportDlg(1, path.Receive()));
+    EXPECT_EQ(S_OK, GetComponent("BOLTS", "M8"));
+    EXPECT_EQ(" ", Ids()) << "a catalogue whose folder isn't told lies in the root";
+}
+
 TEST_F(WrongHost, MayHandOverObjectsOfOtherKinds) {
     IDispatch* const other = objects.external.Get();
     EXPECT_EQ(S_OK, parts->put_nux3D(other));

@@ -56,7 +56,10 @@ public:
     STDMETHODIMP RunDieWizard(LONG) override { return E_NOTIMPL; }
     STDMETHODIMP CreateDieBlock() override { return E_NOTIMPL; }
     STDMETHODIMP GetApplication(IDispatch** application) override {
-        application_.CopyTo(application);
+        if (SUCCEEDED(result_))
+            application_.CopyTo(application);
+        else
+            *application = application_.Get();  // nobody's reference
         return result_;
     }
     STDMETHODIMP RunSlideWizard() override { return E_NOTIMPL; }

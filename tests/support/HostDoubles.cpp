@@ -120,7 +120,10 @@ STDMETHODIMP Host3D::CreateDieBlock() {
 
 STDMETHODIMP Host3D::GetApplication(IDispatch** result) {
     calls.push_back("GetApplication");
-    application.CopyTo(result);
+    if (SUCCEEDED(applicationResult))
+        application.CopyTo(result);
+    else
+        *result = application.Get();  // nobody's reference
     return applicationResult;
 }
 
