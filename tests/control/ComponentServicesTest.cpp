@@ -260,18 +260,63 @@ protected:
     void SetUp() override {
         UnloadModule();
         EditedComponents::SetUp();
-        folder.MakeFolder("locale\\English");
-        WriteMessage("locale\\English\\COMMON_Msgs.xml", noGeometry, "Ohne Geometrie!");
+        for (const bool ofCatalogue : {false, true}) {
+            std::string messages;
+            for (const std::string id : {noPart, noGeometry, noPage, noDefaultPage, noMemory, "Tarnvale"})
+                messages +=
+                    "<MsgID>" + id + "</MsgID><Text>" + (ofCatalogue ? "wrong" : Translated(id)) + "</Text>";
+            folder.Write(std::string("locale\\English\\") + (ofCatalogue ? "BOLTS" : "COMMON") + "_Msgs.xml",
+                         "<Messages>" + messages + "</Messages>");
+        }
         ASSERT_EQ(S_OK, UseInstallation());
     }
+
+    static std::string Translated(const std::string& id) { return "[" + id + "]"; }
 };
+
+TEST_F(LocalisedComponents, EachFailureIsToldInTheUsersLanguageFromTheCommonMessages) {
+    const HWND window = ShowControl();
+    AttachBrowser();
+    EXPECT_EQ(Translated(noPart), Told([&] { Reload(L"BOLTS", L"none"); }));
+    EXPECT_EQ(Translated(noGeometry), Told([&] { GetComponent("BOLTS", "M12"); }));
+    EXPECT_EQ(Translated(noPage), Told([&] { Reload(L"BOLTS", L"M10"); }));
+    const Bstr missing("file://" + data + "missing.htm", CP_ACP);
+    EXPECT_EQ(Translated(noPage), Told([&] { parts->Navigate(missing.Get()); }));
+    objects.Record().Fail(Call::Navigate, E_FAIL, 0);
+    for (const std::string& told : {Told([&] { Reload(L"BOLTS", L"M8"); }), Told([&] { Edit(nullptr, 0); }),
+                                    Told([&] { SendMessageA(window, WM_COMMAND, 3, 0); })})
+        EXPECT_EQ(Translated(noMemory), told);
+    folder.Remove("data\\Tarnvale.htm");
+    EXPECT_EQ(Translated(noDefaultPage), Told([&] { Edit(nullptr, 0); }));
+    folder.Remove("data\\Wizard.htm");
+    EXPECT_EQ(Translated(noPage) + "|" + Translated(noDefaultPage),
+              Told([&] { SendMessageA(window, WM_COMMAND, 3, 0); }));
+}
+
+HWND parentOfBox = nullptr;
+UINT styleOfBox = 0;
+
+int WINAPI NoteBox(HWND parent, const char*, const char*, UINT style) {
+    parentOfBox = parent;
+    styleOfBox = style;
+    return IDOK;
+}
+
+TEST_F(EditedComponents, FailuresAreShownOnTheControlsOwnWindow) {
+    const ImportPatch patch(LoadedModule(), "USER32.dll", "MessageBoxA", reinterpret_cast<void*>(&NoteBox));
+    ASSERT_TRUE(patch);
+    const HWND window = ShowControl();
+    EXPECT_EQ(E_FAIL, Reload(L"BOLTS", L"M12"));
+    EXPECT_EQ(window, parentOfBox);
+    EXPECT_EQ(16u, styleOfBox);
+}
 
 TEST_F(LocalisedComponents, FailuresAreToldOverTheControlsWindowInTheUsersLanguage) {
     AttachBrowser();
     const HWND window = ShowControl();
     const auto boxes = BoxesOf([&] { Reload(L"BOLTS", L"M12"); });
     ASSERT_EQ(1u, boxes.size());
-    EXPECT_EQ("Ohne Geometrie!", boxes[0].text);
+    EXPECT_EQ(Translated(noGeometry), boxes[0].text);
     // The owner of a box is the window at the top of the one that was named.
     EXPECT_EQ(GetAncestor(window, GA_ROOT), GetAncestor(boxes[0].owner, GA_ROOT));
 }
@@ -432,6 +477,16 @@ TEST_F(Components, AFailureWithALogGoesThereAndEndsTheProcess) {
     EXPECT_EQ(std::string(noGeometry) + "\n", folder.Read("log"));
 }
 
+TEST_F(Components, AFailureIsShownWithoutALogFileThoughTheSessionIsMarked) {
+    EXPECT_EQ(S_OK, parts->put_DebugSessionStatusAndLogFile(Bstr(folder.Path() + "log", CP_ACP).Get()));
+    CreateParts().Reset();  // the end of an object turns the log off
+    long status = 0;
+    EXPECT_EQ(S_OK, parts->get_DebugSessionStatus(&status));
+    EXPECT_EQ(1, status);
+    EXPECT_EQ(noGeometry, Told([&] { EXPECT_EQ(S_OK, GetComponent("BOLTS", "none")); }));
+    EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesA((folder.Path() + "log").c_str()));
+}
+
 /// The part that the object holds shows by the memory of its document, which is large and lies in no cache.
 class ComponentNode : public HostedTest {
 protected:
@@ -453,6 +508,11 @@ protected:
     void Hold() {
         EXPECT_EQ(S_OK, GetComponent("LARGE", "P"));
         EXPECT_TRUE(IsHeld());
+    }
+    void LoadWizardPage() {
+        HWND window = nullptr;
+        parts.As<IOleWindow>()->GetWindow(&window);
+        SendMessageA(window, WM_COMMAND, 3, 0);
     }
 
 private:
@@ -503,9 +563,28 @@ TEST_F(ComponentNode, OutlivesANavigationAndNotTheWizardPage) {
     Hold();
     EXPECT_EQ(S_OK, parts->Navigate(Bstr(defaultPage, CP_ACP).Get()));
     EXPECT_TRUE(IsHeld());
-    HWND window = nullptr;
-    parts.As<IOleWindow>()->GetWindow(&window);
-    SendMessageA(window, WM_COMMAND, 3, 0);
+    LoadWizardPage();
+    EXPECT_FALSE(IsHeld());
+}
+
+TEST_F(ComponentNode, OfAHostThatTakesOneMeanwhileGoesIfTheWizardPageFails) {
+    const auto takeOneAt = [&](Call call) {
+        objects.Record().whenCalled = [this, call](const auto& line) {
+            if (line.call != call)
+                return;
+            objects.Record().whenCalled = nullptr;
+            Hold();
+        };
+    };
+    objects.Record().Fail(Call::Navigate, E_FAIL, 0);
+    takeOneAt(Call::Navigate);
+    EXPECT_EQ(noMemory, Told([&] { LoadWizardPage(); }));
+    EXPECT_FALSE(IsHeld());
+
+    EditOne();
+    folder.Remove("data\\Wizard.htm");
+    takeOneAt(Call::Close);
+    EXPECT_EQ(std::string(noPage) + "|" + noMemory, Told([&] { LoadWizardPage(); }));
     EXPECT_FALSE(IsHeld());
 }
 

@@ -6,6 +6,8 @@
 
 #include "driver/Controls.h"
 #include "driver/Input.h"
+#include "host/Browser.h"
+#include "host/EditedComponent.h"
 #include "tests/control/LifterWizardClass.h"
 #include "tests/support/DomDoubles.h"
 #include "tests/support/HostDoubles.h"
@@ -35,6 +37,27 @@ void MakeSizes(RawVariant& sizes, VARIANT& element) {
     LONG index = 0;
     SafeArrayPutElement(sizes.parray, &index, &element);
 }
+
+/// Tells the journal of its end.
+class JournalledBrowser : public host::Browser {
+public:
+    explicit JournalledBrowser(Journal* journal)
+        : Browser(std::make_shared<host::CallRecord>()), journal_(journal) {}
+    ~JournalledBrowser() override { journal_->push_back("browser released"); }
+
+private:
+    Journal* journal_;
+};
+
+class JournalledComponent : public host::EditedComponent {
+public:
+    explicit JournalledComponent(Journal* journal)
+        : EditedComponent(std::make_shared<host::CallRecord>(), L"BOLTS", L"M8"), journal_(journal) {}
+    ~JournalledComponent() override { journal_->push_back("edited component released"); }
+
+private:
+    Journal* journal_;
+};
 
 class ObjectLife : public InstallationTest {
 protected:
@@ -75,6 +98,18 @@ TEST_F(ObjectLife, WhatItHoldsIsReleasedInOrder) {
         parts->put_nux3D(static_cast<Inux3D*>(ownSide.Get()));
         parts->SetExternalDispatch(ownHost.Get());
         ownSide->attached.Reset();
+        const auto bar = MakeObject<NamedProperties>(&journal, "status bar");
+        for (const wchar_t* member :
+             {L"SetMessage", L"SetProgress", L"CreateProgressBar", L"DestroyProgressBar"})
+            bar->SetNumber(member, 0);
+        EXPECT_EQ(S_OK, parts->put_StatusBar(bar.Get()));
+        const auto browser = MakeObject<JournalledBrowser>(&journal);
+        EXPECT_EQ(S_OK, parts->AttachBrowser(browser.Get()));
+        browser->Release();  // the one that is kept for the life of the process
+        RawVariant edited;
+        edited.vt = VT_DISPATCH;
+        edited.pdispVal = MakeObject<JournalledComponent>(&journal).Detach();
+        EXPECT_EQ(S_OK, parts->SetEditedComponent(edited, 0));
         ComPtr<IDispatch> wizard;
         EXPECT_EQ(S_OK, parts->get_LifterWizard(wizard.Receive()));
 
@@ -93,7 +128,8 @@ TEST_F(ObjectLife, WhatItHoldsIsReleasedInOrder) {
     }
     EXPECT_TRUE(journal.empty());
     ReleaseParts();
-    EXPECT_EQ((Journal{"3D released", "data manager's value released", "lifter wizard released",
+    EXPECT_EQ((Journal{"status bar released", "browser released", "edited component released", "3D released",
+                       "data manager's value released", "lifter wizard released",
                        "external dispatch released", "global data released"}),
               journal);
 }

@@ -30,6 +30,7 @@ namespace {
 
 using host::Call;
 using Extent = FailingAllocations::Extent;
+using host::Call;
 
 class AllocationFailure : public HostedTest {
 protected:
@@ -324,7 +325,19 @@ TEST_F(AllocationFailureInAHost, IsReportedByTheBrowser) {
     FailEach("UpdateProgressBar", [&] { return parts->UpdateProgressBar(1); });
     FailEach("CreateProgressBar", [&] { return parts->CreateProgressBar(); });
     FailEach("DestroyProgressBar", [&] { return parts->DestroyProgressBar(); });
+    folder.Remove("data\\Tarnvale.htm");
+    EXPECT_GT(FailEach("the default page, missing", [&] { return Edit(nullptr, 0); }), 2);
+    folder.Write("data\\Tarnvale.htm", "");
+    objects.Record().Fail(Call::Navigate, E_FAIL, 0);
+    EXPECT_GT(FailEach("the default page, in a browser that fails", [&] { return Edit(nullptr, 0); }), 2);
+    objects.Record().Restore();
     failureIsSilent = true;
+    EXPECT_GT(FailEach("a foreign browser",
+                       [&] {
+                           const HRESULT result = Attach(objects.application.Get());
+                           return result == E_NOINTERFACE ? S_OK : result;
+                       }),
+              0);
     FailEach("a foreign status bar",
              [&] { return Expected(parts->put_StatusBar(objects.application.Get())); });
 }
@@ -342,6 +355,20 @@ TEST_F(AllocationFailureInAHost, IsReportedByTheCommands) {
                   },
                   opened),
               1);
+    for (const WPARAM command : {2, 4}) {
+        FailEach("a command to the page or the 3D side", [&] {
+            SendMessageA(window, WM_COMMAND, command, 0);
+            return S_OK;
+        });
+    }
+    objects.Record().Fail(Call::Navigate, E_FAIL, 0);
+    EXPECT_GT(FailEach("LoadWizardPage, in a browser that fails",
+                       [&] {
+                           SendMessageA(window, WM_COMMAND, 3, 0);
+                           return S_OK;
+                       }),
+              2);
+    objects.Record().Restore();
     folder.Remove("data\\Wizard.htm");
     EXPECT_GT(FailEach(
                   "LoadWizardPage, missing",

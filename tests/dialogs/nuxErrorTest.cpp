@@ -10,6 +10,7 @@
 #include "driver/Messages.h"
 #include "driver/User.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ImportPatch.h"
 #include "tests/support/LanguageFolders.h"
 #include "tests/support/WithUser.h"
 
@@ -127,6 +128,41 @@ TEST(ErrorQuestion, ACopyTakesNothingOver) {
     const nuxErrorWQ copy(question);
     EXPECT_EQ(0, copy.Code());
     EXPECT_EQ("", copy.Message());
+    EXPECT_EQ("An unspecified error has occurred!\nContinue?", Show(copy, IDNO).text);
+}
+
+/// What the platform's message box was given, and what it answers.
+struct Asked {
+    HWND parent;
+    std::string text;
+    std::string caption;
+    UINT style;
+
+    bool operator==(const Asked&) const = default;
+};
+Asked asked;
+int answer = 0;
+
+int WINAPI Note(HWND parent, const char* text, const char* caption, UINT style) {
+    asked = {parent, text, caption, style};
+    return answer;
+}
+
+TEST(ErrorBox, HasNoOtherStyleNoLocalisedCaptionAndItsOwnAnswer) {
+    const LanguageFolders languages;
+    languages.WriteMessages("COMMON_Msgs.xml", Pair("Tarnvale", "wrong"));
+    languages.StartInUserLanguage();
+    const ImportPatch patch(GetModuleHandleA(nullptr), "USER32.dll", "MessageBoxA",
+                            reinterpret_cast<void*>(&Note));
+    ASSERT_TRUE(patch);
+    const HWND parent = GetDesktopWindow();
+    for (const int given : {0, IDOK, IDCANCEL, IDYES, IDNO}) {
+        answer = given;
+        EXPECT_EQ(0, nuxError(0, "Broken").Show(parent));
+        EXPECT_EQ((Asked{parent, "Broken", "Tarnvale", 16}), asked);
+        EXPECT_EQ(given, nuxErrorWQ(0, "Go on?").Show(nullptr));
+        EXPECT_EQ((Asked{nullptr, "Go on?", "Tarnvale", 20}), asked);
+    }
 }
 
 /// Shows an error in a process of its own that has a log.
