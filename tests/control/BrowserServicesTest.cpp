@@ -217,7 +217,10 @@ TEST_F(Browsers, ANavigationClosesTheEditedComponent) {
             Told([&] { EXPECT_EQ(S_OK, Navigate(url)); });
             EXPECT_FALSE(Edited());
             EXPECT_EQ(1u, References(component.Get()));
-            EXPECT_EQ("Close", Asked({Call::Close, Call::Navigate}).front()) << "before the page opens";
+            Texts expected{"Close"};  // before the page opens
+            if (attached && url == defaultPage)
+                expected.push_back("Navigate " + url);
+            EXPECT_EQ(expected, Asked({Call::Close, Call::Navigate}));
         }
     }
 }
@@ -429,9 +432,9 @@ TEST_F(Commands, ThreeGoesByThePathsOfTheProcessAndTheDefaultPageByThoseOfTheObj
     folder.Write("others\\Wizard.htm", "");
     const ComPtr<InuxStdParts> other = CreateParts();
     ASSERT_EQ(S_OK, SetPaths(other, catalogs, others, gui, custom));
-    Send(3);
+    EXPECT_EQ("", Told([&] { Send(3); }));
     EXPECT_EQ(Texts{"file://" + others + "Wizard.htm"}, Opened());
-    EXPECT_EQ(S_OK, Edit(nullptr, 0));
+    EXPECT_EQ("", Told([&] { EXPECT_EQ(S_OK, Edit(nullptr, 0)); }));
     EXPECT_EQ(Texts{defaultPage}, Opened());
 }
 

@@ -71,11 +71,15 @@ protected:
             Bstr path;
             expect(parts->TRNVExportDlg(singleFile, path.Receive()), {S_OK, E_FAIL}, "TRNVExportDlg");
         }
-        for (const WPARAM command : {1, 2, 3, 4})
-            SendMessageA(window_, WM_COMMAND, command, 0);
+        SendCommands();
         objects.Record().Restore();
         objects.Record().ClearLines();
         return failures;
+    }
+
+    void SendCommands() {
+        for (const WPARAM command : {1, 2, 3, 4})
+            SendMessageA(window_, WM_COMMAND, command, 0);
     }
 
 private:
@@ -184,6 +188,37 @@ TEST_F(WrongHost, MayLeaveAnythingInTheOutArgumentOfACallThatFails) {
     EXPECT_EQ(E_FAIL, parts->TRNVExportDlg(1, path.Receive()));
     EXPECT_EQ(S_OK, GetComponent("BOLTS", "M8"));
     EXPECT_EQ(" ", Ids()) << "a catalogue whose folder isn't told lies in the root";
+}
+
+TEST_F(WrongHost, MayHandOverNothing) {
+    EXPECT_EQ(S_OK, parts->put_nux3D(nullptr));
+    EXPECT_EQ(E_INVALIDARG, parts->SetExternalDispatch(nullptr));
+    EXPECT_EQ(S_OK, UseInstallation());
+    EXPECT_EQ(E_INVALIDARG, Attach(nullptr));
+    EXPECT_EQ(S_OK, parts->put_StatusBar(nullptr));
+    EXPECT_EQ(S_OK, Edit(nullptr, 1));
+    EXPECT_EQ(S_OK, parts->Navigate(nullptr));
+    EXPECT_EQ(S_OK, GetComponent("BOLTS", "M8"));
+    EXPECT_EQ(S_FALSE, parts->SetStatusMessage(nullptr));
+    EXPECT_EQ(S_FALSE, parts->CreateProgressBar());
+    EXPECT_EQ(S_FALSE, parts->UpdateProgressBar(1));
+    EXPECT_EQ(S_FALSE, parts->DestroyProgressBar());
+    EXPECT_EQ(E_FAIL, parts->RunDieWizard(1));
+    EXPECT_EQ(E_FAIL, parts->CreateDieBlock());
+    EXPECT_EQ(E_FAIL, parts->RunSlideWizard());
+    for (const long singleFile : {0L, 1L}) {
+        Bstr path;
+        EXPECT_EQ(E_FAIL, parts->TRNVExportDlg(singleFile, path.Receive()));
+    }
+    SendCommands();
+    for (const auto get : {&InuxStdParts::get_WebBrowser, &InuxStdParts::get_nux3D,
+                           &InuxStdParts::get_EditedComponent, &InuxStdParts::get_LifterWizard}) {
+        ComPtr<IDispatch> object;
+        EXPECT_EQ(S_FALSE, (parts.Get()->*get)(object.Receive()));
+        EXPECT_FALSE(object);
+        EXPECT_EQ(E_INVALIDARG, (parts.Get()->*get)(nullptr));
+    }
+    EXPECT_EQ(0, TryEverything());
 }
 
 TEST_F(WrongHost, MayHandOverObjectsOfOtherKinds) {
