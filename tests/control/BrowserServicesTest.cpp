@@ -56,6 +56,17 @@ protected:
     }
 };
 
+/// An object that has a window and is no browser.
+class WindowWithoutBrowser : public host::Browser {
+public:
+    using Browser::Browser;
+
+protected:
+    void* FindInterface(REFIID iid) noexcept {
+        return iid == IdOf<IWebBrowser2>() ? nullptr : Browser::FindInterface(iid);
+    }
+};
+
 /// An object that answers queries for a browser and its window with a code, and with a pointer that is no
 /// object's.
 class RefusingObject : public HostDispatch {
@@ -605,6 +616,10 @@ TEST_F(StatusBars, ThePageIsPaintedAnewWithEachCall) {
     EXPECT_TRUE(painted([&] { EXPECT_EQ(E_FAIL, parts->UpdateProgressBar(1)); })) << "also if it fails";
     Attach(objects.application.Get());
     EXPECT_FALSE(painted([&] { parts->UpdateProgressBar(1); })) << "the page is no longer known";
+    const auto other = MakeObject<WindowWithoutBrowser>(std::make_shared<host::CallRecord>());
+    other->window = page;
+    EXPECT_EQ(E_NOINTERFACE, Attach(other.Get()));
+    EXPECT_TRUE(painted([&] { parts->UpdateProgressBar(1); })) << "the window is known without its browser";
     DestroyWindow(page);
 }
 
