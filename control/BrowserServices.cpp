@@ -156,15 +156,13 @@ STDMETHODIMP nuxStdParts::put_StatusBar(IDispatch* newVal) {
         m_StatusBar.Reset();
         if (!newVal)
             return;
-        auto ids = StatusBarDispIDs;  // not the field: who is asked may put another meanwhile
-        for (std::size_t member = 0; member < ids.size(); ++member) {
-            if (FAILED(FindMember(newVal, statusBarMembers[member], &ids[member], 0))) {
-                m_StatusBar.Reset();
+        for (std::size_t member = 0; member < StatusBarDispIDs.size(); ++member) {
+            if (FAILED(FindMember(newVal, statusBarMembers[member], &StatusBarDispIDs[member], 0))) {
+                m_StatusBar.Reset();  // who is asked may have put another, whose numbers these are not
                 throw HResultError(
                     E_FAIL, std::wstring(L"The status bar has no member ") + statusBarMembers[member] + L".");
             }
         }
-        StatusBarDispIDs = ids;
         m_StatusBar = newVal;
     });
 }

@@ -269,6 +269,7 @@ TEST_F(Browsers, MayBeReplacedWhileTheyOpenAPage) {
 /// A page's script that has one function, which answers a code; it writes down how it is called.
 class ScriptDouble : public HostDispatch {
 public:
+    HRESULT found = S_OK;
     HRESULT result = S_OK;
     std::string asked;
 
@@ -276,7 +277,7 @@ public:
         asked += Name(names[0]) + " " + std::to_string(count) + " " + std::to_string(locale) +
                  (iid == GUID_NULL ? "" : " iid");
         *ids = 77;
-        return S_OK;
+        return found;
     }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* answer,
                         EXCEPINFO*, UINT*) override {
@@ -337,6 +338,10 @@ TEST_F(Commands, TwoAsksForTheNameAloneAndGivesNothing) {
         EXPECT_EQ("", Told([&] { EXPECT_EQ(0, Send(2)); }));
         EXPECT_EQ("OnChooseDimensions 1 0, 77 2048 1 0", script->asked);
     }
+    script->asked.clear();
+    script->found = DISP_E_UNKNOWNNAME;
+    EXPECT_EQ(0, Send(2));
+    EXPECT_EQ("OnChooseDimensions 1 0", script->asked) << "what isn't found is not called";
     objects.browser->script.Reset();
     EXPECT_EQ(1u, References(static_cast<IDispatch*>(script.Get())));
 }
@@ -460,7 +465,10 @@ TEST_F(Commands, FourTellsThe3DSideTheFlag) {
 }
 
 TEST_F(Commands, MayLetGoOfTheObject) {
-    objects.Record().whenCalled = [&](const auto&) { parts.Reset(); };
+    objects.Record().whenCalled = [&](const auto&) {
+        parts.Reset();
+        EXPECT_EQ(S_FALSE, ModuleCanUnload()) << "it is held until the command is done";
+    };
     EXPECT_EQ(0, Send(4));
     objects.Record().whenCalled = nullptr;
     EXPECT_EQ(S_OK, ModuleCanUnload());
