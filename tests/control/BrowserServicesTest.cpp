@@ -236,6 +236,18 @@ TEST_F(Browsers, ANavigationClosesTheEditedComponent) {
     }
 }
 
+TEST_F(Browsers, TheEditedComponentMayBeDroppedWhileItCloses) {
+    const auto component = EditOne();
+    objects.Record().whenCalled = [&](const auto&) {
+        EXPECT_EQ(S_OK, Edit(nullptr, 0));
+        EXPECT_EQ(2u, References(component.Get())) << "it is held until Close is over";
+    };
+    EXPECT_EQ(S_OK, Navigate(defaultPage));
+    objects.Record().whenCalled = nullptr;
+    EXPECT_EQ(Texts{"Close"}, Asked({Call::Close}));
+    EXPECT_EQ(1u, References(component.Get()));
+}
+
 TEST_F(Browsers, WithoutOneNothingIsToldAndNothingOpens) {
     EXPECT_EQ("", Told([&] { EXPECT_EQ(S_OK, Navigate("file://" + data + "missing.htm")); }));
     EXPECT_TRUE(objects.Record().Lines().empty());
@@ -481,7 +493,8 @@ public:
     HRESULT result = S_OK;
     int known = 4;  ///< how many names it knows, before it knows no further one
     std::string asked;
-    std::function<void()> whenAsked;  ///< runs once, at the first name; may be empty
+    std::function<void()> whenAsked;   ///< runs once, at the first name; may be empty
+    std::function<void()> whenCalled;  ///< runs at each call; may be empty
 
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
         asked += Name(names[0]) + " " + std::to_string(count) + " " + std::to_string(locale) +
@@ -503,6 +516,8 @@ public:
                      (argument.vt == VT_BSTR ? Narrow(argument.bstrVal) : std::to_string(argument.lVal));
         }
         asked += "; ";
+        if (whenCalled)
+            whenCalled();
         return result;
     }
 
@@ -629,6 +644,17 @@ TEST_F(StatusBars, ThePageIsPaintedAnewWithEachCall) {
     EXPECT_EQ(E_NOINTERFACE, Attach(other.Get()));
     EXPECT_TRUE(painted([&] { parts->UpdateProgressBar(1); })) << "the window is known without its browser";
     DestroyWindow(page);
+}
+
+TEST_F(StatusBars, AreHeldUntilTheirCallIsOver) {
+    const auto bar = MakeObject<StatusBarDouble>();
+    EXPECT_EQ(S_OK, parts->put_StatusBar(bar.Get()));
+    bar->whenCalled = [&] {
+        EXPECT_EQ(S_OK, parts->UnLoadStatusBar());
+        EXPECT_EQ(2u, References(static_cast<IDispatch*>(bar.Get())));
+    };
+    EXPECT_EQ(S_OK, parts->CreateProgressBar());
+    EXPECT_EQ(1u, References(static_cast<IDispatch*>(bar.Get())));
 }
 
 TEST_F(StatusBars, MayLetGoOfTheObjectOrBeReplacedMeanwhile) {

@@ -77,14 +77,18 @@ TEST(Error, WithoutAMessageShowsThatItIsUnspecified) {
     EXPECT_EQ("An unspecified error has occurred!\nContinue?", Show(nuxErrorWQ(), IDNO).text);
 }
 
-TEST(Error, ItsStandardTextIsLocalisedAndItsMessageIsNot) {
+TEST(Error, ItsStandardTextIsLocalisedAndItsMessageAndCaptionAreNot) {
     const LanguageFolders languages;
-    languages.WriteMessages(
-        "COMMON_Msgs.xml",
-        Pair("An unspecified error has occurred!", "Unbekannter Fehler!") + Pair("Given", "No"));
+    const std::string standard = "An unspecified error has occurred!";
+    languages.WriteMessages("COMMON_Msgs.xml",
+                            Pair(standard, "Unbekannter Fehler!") +
+                                Pair(standard + "\nContinue?", "Unbekannter Fehler! Weiter?") +
+                                Pair("Given", "No") + Pair("Tarnvale", "No"));
     languages.StartInUserLanguage();
     EXPECT_EQ("Unbekannter Fehler!", Show(nuxError(), IDOK).text);
+    EXPECT_EQ("Unbekannter Fehler! Weiter?", Show(nuxErrorWQ(), IDNO).text);
     EXPECT_EQ("Given", Show(nuxError(0, "Given"), IDOK).text);
+    EXPECT_EQ("Given", Show(nuxErrorWQ(0, "Given"), IDNO).text);
 }
 
 TEST(Error, HasTheGivenOwner) {
@@ -148,10 +152,7 @@ int WINAPI Note(HWND parent, const char* text, const char* caption, UINT style) 
     return answer;
 }
 
-TEST(ErrorBox, HasNoOtherStyleNoLocalisedCaptionAndItsOwnAnswer) {
-    const LanguageFolders languages;
-    languages.WriteMessages("COMMON_Msgs.xml", Pair("Tarnvale", "wrong"));
-    languages.StartInUserLanguage();
+TEST(ErrorBox, HasItsOwnStyleAndAnswer) {
     const ImportPatch patch(GetModuleHandleA(nullptr), "USER32.dll", "MessageBoxA",
                             reinterpret_cast<void*>(&Note));
     ASSERT_TRUE(patch);
