@@ -16,10 +16,8 @@ namespace {
 /// A named value of the host's edited component, or nothing if it can't tell.
 std::optional<std::string> ValueOf(InuxEditedComponent* edited, const wchar_t* name) {
     Bstr value;
-    if (FAILED(edited->GetValue(Bstr(name).Get(), value.Receive()))) {
-        (void)value.Detach();  // a failed call owns nothing, whatever it left in the out argument
+    if (FAILED(edited->GetValue(Bstr(name).Get(), value.Receive())))
         return std::nullopt;
-    }
     return Narrow(value.Get());
 }
 
