@@ -279,7 +279,7 @@ public:
 };
 
 /// Operations called as scripts call them, by number, with any values in any number. Those that would open a
-/// window, write a file or end the process are left out.
+/// window, start a program, write a file, end the process or keep what they are given for good are left out.
 class Calls : public ScriptReader {
 public:
     explicit Calls(const Samples& samples) : ScriptReader(samples) {
@@ -305,9 +305,12 @@ public:
                                             L"Navigate",
                                             L"SetStatusMessage",
                                             L"NewComponent",
-                                            L"ExecuteFileInShell",
+                                            L"UpdateProgressBar",
                                             L"MessageBoxHTML",
-                                            L"GetSaveFileName"};
+                                            L"SetEditedComponent",
+                                            L"StatusBar",
+                                            L"WebBrowser",
+                                            L"ComponentID"};
         for (const wchar_t* name : names) {
             LPOLESTR text = const_cast<LPOLESTR>(name);
             DISPID id = DISPID_UNKNOWN;
@@ -323,10 +326,11 @@ public:
         parts_->put_GlobalData(RawVariant());
         parts_->put_nux3D(nullptr);
         parts_->SetExternalDispatch(nullptr);
+        parts_->UnLoadStatusBar();
         ClearXMLDocumentCache();
-        // Of too many arguments Wine 8.0 keeps a reference on one that it has converted to another kind of
-        // object.
-        while (called == DISP_E_BADPARAMCOUNT && References(foreign_.Get()) > references)
+        // Where Wine 8.0 refuses arguments itself, it keeps a reference on one that it has converted before.
+        const bool reached = SUCCEEDED(called) || called == DISP_E_EXCEPTION;
+        while (!reached && References(foreign_.Get()) > references)
             foreign_->Release();
         Require(References(foreign_.Get()) == references, "a reference that is kept");
         return SUCCEEDED(called);
