@@ -7,6 +7,8 @@
 #include "framework/ComObject.h"
 #include "framework/HResult.h"
 #include "framework/Implements.h"
+#include "framework/Module.h"
+#include "framework/TypeLibrary.h"
 
 namespace nux {
 
@@ -40,6 +42,15 @@ HRESULT GetClassObject(REFCLSID own, REFCLSID asked, REFIID iid, void** object) 
     if (asked != own)
         return CLASS_E_CLASSNOTAVAILABLE;
     return Guarded([&] { return MakeObject<ClassFactory<Class>>()->QueryInterface(iid, object); });
+}
+
+/// What a module answers to DllCanUnloadNow. Type descriptions keep nothing loaded: they go with the last
+/// object.
+inline HRESULT CanUnloadNow() noexcept {
+    if (LiveObjects() != 0)
+        return S_FALSE;
+    ReleaseTypeInfos();
+    return S_OK;
 }
 
 }  // namespace nux

@@ -17,10 +17,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
 }
 
 STDAPI DllCanUnloadNow() {
-    if (nux::LiveObjects() != 0)
-        return S_FALSE;
-    nux::ReleaseTypeInfos();
-    return S_OK;
+    return nux::CanUnloadNow();
 }
 
 STDAPI DllRegisterServer() {
