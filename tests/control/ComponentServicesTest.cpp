@@ -18,9 +18,6 @@ using host::Call;
 
 constexpr char noPart[] = "Cannot find a html page of the component!";
 constexpr char noGeometry[] = "Cannot get a geometry file of the component!";
-constexpr char noPage[] = "Cannot find the html page!";
-constexpr char noDefaultPage[] = "Cannot find the default html page!";
-constexpr char noMemory[] = "Out of memory!";
 
 class EditedComponents : public HostedTest {
 protected:

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cwchar>
 #include <functional>
 #include <initializer_list>
 #include <string>
@@ -12,6 +13,16 @@
 #include "tests/support/Installation.h"
 
 namespace nux {
+
+// What the component tells its user of pages.
+inline constexpr char noPage[] = "Cannot find the html page!";
+inline constexpr char noDefaultPage[] = "Cannot find the default html page!";
+inline constexpr char noMemory[] = "Out of memory!";
+
+/// A member's name, as a client of automation gives it.
+inline std::string Name(const wchar_t* name) {
+    return Narrow(name, std::wcslen(name));
+}
 
 /// A message box of the component.
 struct Box {
