@@ -5,7 +5,7 @@ packages=(
     clang clang-format clang-tidy libclang-rt-14-dev
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
     libwine-dev libwine wine wine64 fonts-wine fonts-liberation
-    googletest xvfb xdotool imagemagick
+    googletest nlohmann-json3-dev chromium-headless-shell xvfb xdotool imagemagick
 )
 
 say() { printf '== %s\n' "$*"; }

@@ -47,6 +47,13 @@ struct FileTraits {
     static void Close(Type handle) noexcept { CloseHandle(handle); }
 };
 
+/// Events, threads and others whose empty handle is null.
+struct KernelTraits {
+    using Type = HANDLE;
+    static Type Empty() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { CloseHandle(handle); }
+};
+
 struct KeyTraits {
     using Type = HKEY;
     static Type Empty() noexcept { return nullptr; }
@@ -113,6 +120,7 @@ struct TaskMemoryTraits {
 };
 
 using UniqueFile = UniqueHandle<FileTraits>;
+using UniqueKernelHandle = UniqueHandle<KernelTraits>;
 using UniqueKey = UniqueHandle<KeyTraits>;
 using UniqueIcon = UniqueHandle<IconTraits>;
 using UniqueImageList = UniqueHandle<ImageListTraits>;

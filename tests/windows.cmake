@@ -63,6 +63,11 @@ set_tests_properties(language_tests_en_US PROPERTIES LABELS "")
 nux_windows_test(double_byte_tests environment/DoubleByteTest.cpp)
 set_tests_properties(double_byte_tests PROPERTIES LABELS once ENVIRONMENT "NUX_LOCALE=ja_JP.UTF-8")
 
+# Pages in a real Chromium. The program brings the module's resources along, as the module does.
+nux_layer_tests(webbrowser)
+target_sources(webbrowser_tests PRIVATE webbrowser/OpenedPage.cpp)
+target_link_libraries(webbrowser_tests PRIVATE webbrowser webbrowser_resources)
+
 nux_layer_tests(dialogs)
 # What the tests of errors run in a process of its own.
 add_executable(show_error dialogs/show_error.cpp)

@@ -36,7 +36,11 @@ class PageMembers {
 public:
     static constexpr DISPID firstMember = 0x10000;
 
-    explicit PageMembers(PageReference reference) : reference_(std::move(reference)) {}
+    /// @param object  the COM object whose member this is: it is the one that stands for the page's object
+    PageMembers(const PageReference& reference, IDispatch* object);
+    PageMembers(const PageMembers&) = delete;
+    PageMembers& operator=(const PageMembers&) = delete;
+    ~PageMembers();
     const PageReference& Reference() const noexcept { return reference_; }
 
     /// @param ensure  whether a name that the object doesn't have gets a number too
@@ -54,12 +58,13 @@ public:
 
 private:
     PageReference reference_;
+    IDispatch* object_;
 };
 
 /// Any object of a page, for automation clients.
 class PageObject : public Implements<AlsoAs<IDispatchEx, IDispatch>, IPageObject> {
 public:
-    explicit PageObject(const PageReference& reference) : members_(reference) {}
+    explicit PageObject(const PageReference& reference) : members_(reference, this) {}
     virtual ~PageObject() = default;
 
     const PageReference& Reference() const noexcept override { return members_.Reference(); }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <initializer_list>
 #include <memory>
 #include <span>
 #include <string>
@@ -49,9 +50,12 @@ public:
     int Length() const;
 
 private:
+    friend class PageMembers;
     friend class ScriptBridge;
     struct Held;
     explicit PageReference(std::shared_ptr<Held> held) noexcept : held_(std::move(held)) {}
+    Variant Use(std::string_view function, std::initializer_list<Variant> rest) const;
+
     std::shared_ptr<Held> held_;
 };
 

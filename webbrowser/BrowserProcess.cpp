@@ -1,0 +1,198 @@
+#include "webbrowser/BrowserProcess.h"
+
+#include <ntsecapi.h>
+
+#include <array>
+#include <string_view>
+#include <vector>
+
+#include "framework/ErrorInfo.h"
+#include "framework/HResult.h"
+#include "framework/Module.h"
+#include "webbrowser/MessageReader.h"
+#include "webbrowser/ResourceText.h"
+#include "webbrowser/resource.h"
+
+namespace nux::webbrowser {
+namespace {
+
+constexpr DWORD startMilliseconds = 10000;
+
+// One a line. The network is closed: names are not found, and what needs none meets a proxy that isn't there.
+constexpr char options[] =
+    "--headless\n"
+    "--no-sandbox\n"
+    "--disable-gpu\n"
+    "--disable-quic\n"
+    "--no-first-run\n"
+    "--disable-background-networking\n"
+    "--disable-component-update\n"
+    "--disable-default-apps\n"
+    "--disable-extensions\n"
+    "--disable-sync\n"
+    "--disable-breakpad\n"
+    "--hide-scrollbars=false\n"
+    "--no-startup-window\n"
+    "--block-new-web-contents\n"
+    "--allow-file-access-from-files\n"
+    "--force-device-scale-factor=1\n"
+    "--host-resolver-rules=MAP * ~NOTFOUND\n"
+    "--proxy-server=127.0.0.1:9\n"
+    "--proxy-bypass-list=<-loopback>\n"
+    "--force-webrtc-ip-handling-policy=disable_non_proxied_udp\n"
+    "--remote-debugging-pipe";
+
+[[noreturn]] void Fail(const std::wstring& words) {
+    throw HResultError(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND), words);
+}
+
+/// A name that nobody can guess, in a folder that each user of the machine can write to.
+std::string PrivateFolder() {
+    std::array<unsigned char, 16> random{};
+    if (!RtlGenRandom(random.data(), random.size()))
+        throw HResultError(LastFailure());
+    std::string name = "/tmp/nuxWebBrowser-";
+    for (const unsigned char byte : random) {
+        name += "0123456789abcdef"[byte >> 4];
+        name += "0123456789abcdef"[byte & 15];
+    }
+    return name;
+}
+
+/// The browser that the user wants, as a path of the system below, or empty.
+std::string ChosenBrowser() {
+    std::array<char, 1024> path{};
+    DWORD size = path.size() - 1;
+    if (RegGetValueA(HKEY_CURRENT_USER, "Software\\Tarnvale\\nuxWebBrowser", "Browser", RRF_RT_REG_SZ,
+                     nullptr, path.data(), &size) != ERROR_SUCCESS)
+        return {};
+    return path.data();
+}
+
+/// An argument as programs take their command line apart.
+std::string Quoted(std::string_view argument) {
+    std::string quoted = "\"";
+    std::size_t backslashes = 0;
+    for (const char letter : argument) {
+        backslashes = letter == '\\' ? backslashes + 1
+                                     : (letter == '"' ? quoted.append(backslashes + 1, '\\') : quoted, 0);
+        quoted += letter;
+    }
+    return quoted.append(backslashes, '\\') + '"';
+}
+
+void StartShell(const std::string& folder) {
+    std::string command = "sh -c " + Quoted(ResourceText(IDR_START_BROWSER)) + " nuxWebBrowser " +
+                          Quoted(folder) + " " + Quoted(ChosenBrowser()) + " " + Quoted(options);
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessA("Z:\\bin\\sh", command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &process))
+        Fail(L"The system has no shell that could start a browser: " + SystemMessage(GetLastError()));
+    // Of a program that isn't Windows', these tell nothing.
+    CloseHandle(process.hProcess);
+    CloseHandle(process.hThread);
+}
+
+/// One end of a pipe, as soon as the shell has made it.
+UniqueFile OpenPipe(const std::string& folder, const char* name, DWORD access, ULONGLONG deadline) {
+    std::string path = "Z:" + folder + "\\" + name;
+    for (char& letter : path)
+        letter = letter == '/' ? '\\' : letter;
+    for (;;) {
+        UniqueFile pipe(CreateFileA(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr));
+        if (pipe)
+            return pipe;
+        if (GetTickCount64() > deadline)
+            Fail(L"The browser's pipes can't be opened: " + SystemMessage(GetLastError()));
+        Sleep(2);
+    }
+}
+
+}  // namespace
+
+BrowserProcess::BrowserProcess(std::function<void(std::string)> onMessage, std::function<void()> onEnd)
+    : onMessage_(std::move(onMessage)), onEnd_(std::move(onEnd)) {
+    const ULONGLONG deadline = GetTickCount64() + startMilliseconds;
+    const std::string folder = PrivateFolder();
+    started_ = UniqueKernelHandle(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+    StartShell(folder);
+    in_ = OpenPipe(folder, "in", GENERIC_WRITE, deadline);
+    out_ = OpenPipe(folder, "out", GENERIC_READ, deadline);
+    thread_ = UniqueKernelHandle(CreateThread(nullptr, 0, &BrowserProcess::ReaderThread, this, 0, nullptr));
+    if (!thread_)
+        throw HResultError(LastFailure());
+    WaitForSingleObject(started_.Get(), INFINITE);
+    if (!found_) {
+        WaitForSingleObject(thread_.Get(), INFINITE);
+        Fail(L"There is no Chromium on this machine: install the package chromium-headless-shell");
+    }
+}
+
+BrowserProcess::~BrowserProcess() {
+    // It ends when nobody writes to it any more, and with it the reader.
+    in_.Reset();
+    WaitForSingleObject(thread_.Get(), INFINITE);
+}
+
+bool BrowserProcess::Write(const std::string& message) noexcept {
+    const char* at = message.c_str();
+    std::size_t left = message.size() + 1;  // with its end
+    while (left > 0) {
+        DWORD written = 0;
+        if (!WriteFile(in_.Get(), at, static_cast<DWORD>(left), &written, nullptr))
+            return false;
+        at += written;
+        left -= written;
+    }
+    return true;
+}
+
+DWORD WINAPI BrowserProcess::ReaderThread(void* self) noexcept {
+    static_cast<BrowserProcess*>(self)->Read();
+    return 0;
+}
+
+void BrowserProcess::Read() noexcept {
+    try {
+        MessageReader reader;
+        std::vector<char> buffer(std::size_t{1} << 16);
+        const ULONGLONG deadline = GetTickCount64() + startMilliseconds;
+        for (;;) {
+            DWORD count = 0;
+            if (!ReadFile(out_.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr))
+                break;
+            if (count == 0) {
+                // The end, or the shell hasn't opened the pipe yet.
+                if (found_ || GetTickCount64() > deadline)
+                    break;
+                Sleep(1);
+                continue;
+            }
+            if (!reader.Append({buffer.data(), count}))
+                break;
+            bool none = false;
+            while (std::optional<std::string> message = reader.Next()) {
+                if (found_) {
+                    onMessage_(*std::move(message));
+                } else if (message->empty()) {
+                    found_ = true;
+                    SetEvent(started_.Get());
+                } else {
+                    none = true;
+                }
+            }
+            if (none)
+                break;
+        }
+        onEnd_();
+    } catch (...) {
+        // Without memory nothing can be told; whoever waits sees the end.
+        OutputDebugStringA("nuxWebBrowser: the browser's messages can't be read any more\n");
+    }
+    SetEvent(started_.Get());
+}
+
+}  // namespace nux::webbrowser

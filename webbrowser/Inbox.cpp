@@ -1,0 +1,137 @@
+#include "webbrowser/Inbox.h"
+
+#include <algorithm>
+#include <map>
+
+#include "framework/DebugOutput.h"
+#include "framework/HResult.h"
+#include "webbrowser/Lock.h"
+
+namespace nux::webbrowser {
+namespace {
+
+constexpr UINT itemsArrived = WM_APP;
+
+const WindowClass inboxClass("nuxWebBrowserInbox", 0, nullptr);
+
+SRWLOCK inboxesLock = SRWLOCK_INIT;
+std::map<DWORD, std::weak_ptr<Inbox>> inboxes;
+
+void Run(const std::function<void()>& task) noexcept {
+    try {
+        task();
+    } catch (const HResultError& error) {
+        OutputDebugStringW((L"nuxWebBrowser: " + error.Words() + L"\n").c_str());
+    } catch (const std::exception& error) {
+        OutputDebugStringA(error.what());
+    }
+}
+
+}  // namespace
+
+std::shared_ptr<Inbox> Inbox::OfThisThread() {
+    const DWORD thread = GetCurrentThreadId();
+    Lock lock(inboxesLock);
+    std::weak_ptr<Inbox>& known = inboxes[thread];
+    std::shared_ptr<Inbox> inbox = known.lock();
+    if (!inbox) {
+        inbox = std::make_shared<Inbox>();
+        known = inbox;
+    }
+    return inbox;
+}
+
+Inbox::Inbox() : arrived_(CreateEventA(nullptr, FALSE, FALSE, nullptr)) {
+    if (!arrived_)
+        throw HResultError(LastFailure());
+    Create(inboxClass, HWND_MESSAGE, RECT{}, 0);
+}
+
+Inbox::~Inbox() {
+    Lock lock(inboxesLock);
+    const auto known = inboxes.find(thread_);
+    if (known != inboxes.end() && known->second.expired())
+        inboxes.erase(known);
+}
+
+void Inbox::Post(Item item) {
+    bool isFirst = false;
+    {
+        Lock lock(lock_);
+        items_.push_back(std::move(item));
+        isFirst = !std::exchange(isPosted_, true);
+    }
+    // One message for all: a queue holds ten thousand.
+    if (isFirst)
+        PostMessageA(handle_, itemsArrived, 0, 0);
+    SetEvent(arrived_.Get());
+}
+
+LRESULT Inbox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != itemsArrived)
+        return Default(message, wParam, lParam);
+    const std::shared_ptr<Inbox> self = shared_from_this();
+    {
+        // Before the item runs, which may serve messages itself.
+        Lock lock(lock_);
+        isPosted_ = items_.size() > 1;
+        if (isPosted_)
+            PostMessageA(handle_, itemsArrived, 0, 0);
+    }
+    ServeOne(nullptr, true);
+    return 0;
+}
+
+bool Inbox::ServeOne(const void* onlyOwner, bool all) {
+    Item item;
+    {
+        Lock lock(lock_);
+        const auto found = std::find_if(items_.begin(), items_.end(), [&](const Item& each) {
+            return all || !each.owner || (each.owner == onlyOwner && each.isUrgent);
+        });
+        if (found == items_.end())
+            return false;
+        item = std::move(*found);
+        items_.erase(found);
+    }
+    Run(item.run);
+    return true;
+}
+
+void Inbox::ServeMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            // For the loop below, which ends after this wait.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void Inbox::ServeUntil(const void* owner, const std::function<bool()>& isDone, DWORD exclusive) {
+    const std::shared_ptr<Inbox> self = shared_from_this();
+    const ULONGLONG begin = GetTickCount64();
+    const HANDLE arrived = arrived_.Get();
+    while (!isDone()) {
+        const ULONGLONG waited = GetTickCount64() - begin;
+        const bool isExclusive = waited < exclusive;
+        if (ServeOne(owner, !isExclusive))
+            continue;
+        if (isExclusive) {
+            MsgWaitForMultipleObjects(1, &arrived, FALSE, exclusive - static_cast<DWORD>(waited),
+                                      QS_SENDMESSAGE);
+            // Messages that other threads wait for.
+            MSG message;
+            PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+        } else {
+            // What other programs of this thread put into its queue counts as well: wake up now and then.
+            MsgWaitForMultipleObjects(1, &arrived, FALSE, 100, QS_ALLINPUT);
+            ServeMessages();
+        }
+    }
+}
+
+}  // namespace nux::webbrowser

@@ -1,0 +1,152 @@
+// The input of a page.
+
+#include <windowsx.h>
+
+#include "webbrowser/BrowserPage.h"
+#include "webbrowser/KeyNames.h"
+#include "webbrowser/Utf.h"
+
+namespace nux::webbrowser {
+namespace {
+
+bool IsDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+int Modifiers() {
+    return (IsDown(VK_MENU) ? 1 : 0) | (IsDown(VK_CONTROL) ? 2 : 0) | (IsDown(VK_SHIFT) ? 8 : 0);
+}
+
+struct MouseAction {
+    const char* type;
+    const char* button;
+    int clicks;
+};
+
+MouseAction ActionOf(UINT message) {
+    switch (message) {
+        case WM_LBUTTONDOWN:
+            return {"mousePressed", "left", 1};
+        case WM_LBUTTONDBLCLK:
+            return {"mousePressed", "left", 2};
+        case WM_LBUTTONUP:
+            return {"mouseReleased", "left", 0};
+        case WM_RBUTTONDOWN:
+            return {"mousePressed", "right", 1};
+        case WM_RBUTTONDBLCLK:
+            return {"mousePressed", "right", 2};
+        case WM_RBUTTONUP:
+            return {"mouseReleased", "right", 0};
+        case WM_MBUTTONDOWN:
+            return {"mousePressed", "middle", 1};
+        case WM_MBUTTONDBLCLK:
+            return {"mousePressed", "middle", 2};
+        case WM_MBUTTONUP:
+            return {"mouseReleased", "middle", 0};
+        case WM_MOUSEWHEEL:
+        case WM_MOUSEHWHEEL:
+            return {"mouseWheel", "none", 0};
+        default:
+            return {"mouseMoved", "none", 0};
+    }
+}
+
+/// What a key writes, for pages that ask for it before it is written.
+std::string CharacterOf(WPARAM virtualKey) {
+    auto character =
+        static_cast<wchar_t>(MapVirtualKeyW(static_cast<UINT>(virtualKey), MAPVK_VK_TO_CHAR) & 0xffff);
+    if (character == 0)
+        return {};
+    if (!IsDown(VK_SHIFT) && (GetKeyState(VK_CAPITAL) & 1) == 0)
+        character = static_cast<wchar_t>(reinterpret_cast<UINT_PTR>(
+            CharLowerW(reinterpret_cast<LPWSTR>(static_cast<UINT_PTR>(character)))));
+    return ToUtf8(std::wstring_view(&character, 1));
+}
+
+/// So many pixels scroll by one notch of the wheel.
+constexpr int pixelsOfNotch = 100;
+
+}  // namespace
+
+void BrowserPage::Mouse(UINT message, WPARAM wParam, POINT at) {
+    const MouseAction action = ActionOf(message);
+    if (action.clicks > 0)
+        clicks_ = action.clicks;
+    if (message == WM_MOUSELEAVE) {
+        at = {-1, -1};
+        wParam = 0;
+    }
+    const WORD keys = GET_KEYSTATE_WPARAM(wParam);
+    Json event = {
+        {"type", action.type},
+        {"x", at.x},
+        {"y", at.y},
+        {"button", action.button},
+        {"buttons", (keys & MK_LBUTTON ? 1 : 0) | (keys & MK_RBUTTON ? 2 : 0) | (keys & MK_MBUTTON ? 4 : 0)},
+        {"clickCount", action.type == std::string_view("mouseMoved") ? 0 : clicks_},
+        {"modifiers", Modifiers()}};
+    if (message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL) {
+        const int pixels = GET_WHEEL_DELTA_WPARAM(wParam) * pixelsOfNotch / WHEEL_DELTA;
+        event["deltaX"] = message == WM_MOUSEHWHEEL ? pixels : 0;
+        event["deltaY"] = message == WM_MOUSEWHEEL ? -pixels : 0;
+    }
+    session_.Send("Input.dispatchMouseEvent", event);
+}
+
+void BrowserPage::Key(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CHAR || message == WM_SYSCHAR) {
+        const auto unit = static_cast<wchar_t>(wParam);
+        std::wstring text;
+        if (IS_HIGH_SURROGATE(unit)) {
+            firstHalf_ = unit;
+            return;
+        }
+        if (IS_LOW_SURROGATE(unit) && firstHalf_ != 0)
+            text = firstHalf_;
+        firstHalf_ = 0;
+        text += unit;
+        // Keys without a character have done all that they do.
+        if (message == WM_SYSCHAR || (unit < L' ' && unit != L'\r') || unit == 0x7f)
+            return;
+        session_.Send("Input.dispatchKeyEvent",
+                      {{"type", "char"}, {"text", ToUtf8(text)}, {"modifiers", Modifiers()}});
+        return;
+    }
+    const bool isDown = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
+    const bool isExtended = (HIWORD(lParam) & KF_EXTENDED) != 0;
+    const KeyName name = KeyNameOf(static_cast<unsigned>(wParam), isExtended);
+    session_.Send("Input.dispatchKeyEvent",
+                  {{"type", isDown ? "rawKeyDown" : "keyUp"},
+                   {"windowsVirtualKeyCode", static_cast<int>(wParam)},
+                   {"nativeVirtualKeyCode", static_cast<int>(wParam)},
+                   {"code", name.code},
+                   {"key", name.key.empty() ? CharacterOf(wParam) : name.key},
+                   {"location", name.location == 3 ? 0 : name.location},
+                   {"isKeypad", name.location == 3},
+                   {"isSystemKey", message == WM_SYSKEYDOWN || message == WM_SYSKEYUP},
+                   {"autoRepeat", isDown && (HIWORD(lParam) & KF_REPEAT) != 0},
+                   {"modifiers", Modifiers()}});
+}
+
+void BrowserPage::SetFocus(bool focused) {
+    session_.Send("Emulation.setFocusEmulationEnabled", {{"enabled", focused}});
+}
+
+void BrowserPage::TabInto(bool forward) {
+    Variant argument;
+    VARIANT value{};
+    value.vt = VT_BOOL;
+    value.boolVal = forward ? VARIANT_TRUE : VARIANT_FALSE;
+    argument.SetCopy(value);
+    Post(R"(forward => {
+        const all = Array.from(document.querySelectorAll(
+            'a[href], area[href], input, select, textarea, button, iframe, [tabindex], [contenteditable]'))
+            .filter(each => each.tabIndex >= 0 && !each.disabled && each.getClientRects().length > 0);
+        const ordered = [...all.filter(each => each.tabIndex > 0).sort((a, b) => a.tabIndex - b.tabIndex),
+            ...all.filter(each => each.tabIndex === 0)];
+        ordered.at(forward ? 0 : -1)?.focus();
+    })",
+         {&argument, 1});
+}
+
+}  // namespace nux::webbrowser

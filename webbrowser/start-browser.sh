@@ -1,0 +1,22 @@
+# Starts the browser in a private folder, joined to the program by two pipes, and removes the folder when it has ended.
+# $1: the folder, which must not exist; $2: a browser to take before all others, or empty; $3: its options, one a line
+umask 077
+mkdir $1 && mkfifo $1/in $1/out || exit
+exec 3<$1/in 4>$1/out
+rm $1/in $1/out
+set -f
+IFS='
+'
+for browser in $2 /usr/lib/chromium/chromium-headless-shell /usr/lib/chromium/chromium /usr/bin/chromium ; do
+    if [ -x $browser ] ; then
+        # The program knows by this that somebody writes: an empty message.
+        printf '\0' >&4
+        HOME=$1 TMPDIR=$1 XDG_RUNTIME_DIR=$1 $browser $3 --user-data-dir=$1/profile </dev/null >/dev/null 2>&1 &
+        exec 3<&- 4>&-
+        wait
+        rm -rf $1
+        exit
+    fi
+done
+printf 'none\0' >&4
+rm -r $1
