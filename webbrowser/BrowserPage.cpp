@@ -135,6 +135,15 @@ void BrowserPage::Navigate(std::wstring_view address) {
     if (!session_.isOpen)
         return;
     const std::weak_ptr<Page> weak = self;
+    if (url.kind == PageUrl::Kind::other) {
+        // The network is closed, and the browser's own pages are nobody's business.
+        session_.inbox->Post({this, false, [this, weak, url = url.url] {
+                                  const std::shared_ptr<Page> page = weak.lock();
+                                  if (page && hostUrl_ == url)
+                                      Fail(std::exchange(hostUrl_, {}), true, INET_E_RESOURCE_NOT_FOUND);
+                              }});
+        return;
+    }
     session_.Ask("Page.navigate", {{"url", url.url}},
                  [this, weak, url = url.url](const ChannelMessage& answer) {
                      const std::shared_ptr<Page> page = weak.lock();

@@ -26,6 +26,8 @@ constexpr char options[] =
     "--disable-quic\n"
     "--no-first-run\n"
     "--disable-background-networking\n"
+    // A page that is gone back to is loaded, and says so.
+    "--disable-features=BackForwardCache\n"
     "--disable-component-update\n"
     "--disable-default-apps\n"
     "--disable-extensions\n"

@@ -13,7 +13,7 @@
 // Values that JSON has go as they are. The others are objects with one letter for what they are:
 //   {"u":0}                              undefined
 //   {"n":"NaN"}                          a number that JSON lacks: NaN, Infinity, -Infinity, -0
-//   {"c":[55357]}                        a text that is not well formed, by its units
+//   {"w":[55357]}                        a text that is not well formed, by its units
 //   {"d":0.5}                            a date
 //   {"p":3,"g":"k2","k":"element","c":"HTMLDivElement"}   an object of the page
 //   {"x":3,"t":1,"f":true}               an object of C++
@@ -66,7 +66,7 @@ struct Encoder {
         Json units = Json::array();
         for (const char16_t unit : text)
             units.push_back(static_cast<unsigned>(unit));
-        return {{"c", std::move(units)}};
+        return {{"w", std::move(units)}};
     }
     Json operator()(ScriptDate date) const {
         // An invalid date has no number; null reads as one.
@@ -138,7 +138,7 @@ std::u16string TextOf(const Json& json) {
         return FromUtf8(Words(json));
     if (!json.is_object())
         Refuse();
-    const Json& units = Part(json, "c");
+    const Json& units = Part(json, "w");
     if (!units.is_array())
         Refuse();
     std::u16string text;

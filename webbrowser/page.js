@@ -101,7 +101,9 @@
         function encode(value) {
             switch (typeof value) {
             case 'undefined':
-                return {u: 0};
+                if (value === undefined)
+                    return {u: 0};
+                break;  // document.all says that it is of this type
             case 'boolean':
                 return value;
             case 'bigint':
@@ -110,7 +112,7 @@
                 return Number.isFinite(value) && !Object.is(value, -0) ? value :
                     {n: Object.is(value, -0) ? '-0' : String(value)};
             case 'string':
-                return value.isWellFormed() ? value : {c: Array.from({length: value.length}, (_, i) => value.charCodeAt(i))};
+                return value.isWellFormed() ? value : {w: Array.from({length: value.length}, (_, i) => value.charCodeAt(i))};
             case 'symbol':
                 return String(value);
             }
@@ -160,8 +162,8 @@
                 return undefined;
             if ('n' in value)
                 return Number(value.n);
-            if ('c' in value)
-                return String.fromCharCode(...value.c);
+            if ('w' in value)
+                return String.fromCharCode(...value.w);
             if ('d' in value)
                 return new Date(value.d ?? NaN);
             if ('p' in value) {
