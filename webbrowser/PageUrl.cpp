@@ -91,8 +91,9 @@ std::optional<std::u16string> NormalisedPath(std::u16string_view text) {
         text.remove_prefix(2);
         const std::size_t end = std::min(text.find_first_of(slashes), text.size());
         const std::u16string_view server = text.substr(0, end);
-        // \\?\ and \\.\ name devices.
-        if (server == u"?" || server == u"." || end == text.size())
+        // \\?\ and \\.\ name devices; a drive is no server.
+        if (server == u"." || server.find_first_of(u"?:|*<>\"") != std::u16string_view::npos ||
+            end == text.size())
             return std::nullopt;
         root = u"\\\\";
         root += server;

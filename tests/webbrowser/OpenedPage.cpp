@@ -8,6 +8,7 @@
 
 #include "framework/HResult.h"
 #include "framework/Text.h"
+#include "webbrowser/Browser.h"
 
 namespace nux::webbrowser {
 
@@ -52,6 +53,24 @@ std::wstring OpenedPage::Text(const std::wstring& expression) {
         return L"failed: " + error.Words();
     }
     return value.IsString() ? std::wstring(value.Text(), SysStringLen(value.Text())) : L"(no text)";
+}
+
+void OpenedPage::CollectGarbage() const {
+    const std::shared_ptr<Browser> browser = Browser::Running();
+    const std::shared_ptr<Inbox> inbox = Inbox::OfThisThread();
+    const Json targets = browser->Wait({}, "Target.getTargets", Json::object(), inbox);
+    for (const Json& target : targets["targetInfos"]) {
+        if (TextMember(target, "type") != "page")
+            continue;
+        const std::string session = TextMember(
+            browser->Wait({}, "Target.attachToTarget",
+                          {{"targetId", TextMember(target, "targetId")}, {"flatten", true}}, inbox),
+            "sessionId");
+        browser->Wait(session, "HeapProfiler.collectGarbage", Json::object(), inbox);
+        browser->Send({}, "Target.detachFromTarget", {{"sessionId", session}});
+    }
+    page->Call("() => 1");
+    Await([pumped = false]() mutable { return std::exchange(pumped, true); });
 }
 
 bool OpenedPage::WasTold(const std::wstring& line) const {
