@@ -92,7 +92,7 @@ std::optional<std::u16string> NormalisedPath(std::u16string_view text) {
         const std::size_t end = std::min(text.find_first_of(slashes), text.size());
         const std::u16string_view server = text.substr(0, end);
         // \\?\ and \\.\ name devices; a drive is no server.
-        if (server == u"." || server.find_first_of(u"?:|*<>\"") != std::u16string_view::npos ||
+        if (server.starts_with(u'.') || server.find_first_of(u"?:|*<>\"") != std::u16string_view::npos ||
             end == text.size())
             return std::nullopt;
         root = u"\\\\";

@@ -11,7 +11,8 @@ namespace nux::webbrowser {
 /// What a page looks like.
 struct Picture {
     PixelSize size;
-    std::vector<std::uint32_t> pixels;  ///< 0x00RRGGBB, rows from the top, `size.width` each
+    std::vector<std::uint32_t>
+        pixels;  ///< RGB from bit 16 down, the highest byte means nothing; rows from the top
 };
 
 /// Decodes a picture file of PNG format. Throws HResultError.
