@@ -59,7 +59,6 @@ BrowserPage::BrowserPage(PageListener& listener, PixelSize size)
     target_ = TextMember(wait("Target.createTarget",
                               {{"url", "about:blank"}, {"browserContextId", context_}, {"newWindow", true}}),
                          "targetId");
-    mainFrame_ = target_;  // the page's frame has the target's name
     session_.id =
         TextMember(wait("Target.attachToTarget", {{"targetId", target_}, {"flatten", true}}), "sessionId");
     bridge_ = std::make_shared<ScriptBridge>(session_, static_cast<ScriptBridgeOwner&>(*this));
@@ -251,7 +250,7 @@ void BrowserPage::OnEvent(const ChannelMessage& event) {
         return;
     const Json& content = event.content;
     const std::string& method = event.method;
-    const bool isTop = TextMember(content, "frameId") == mainFrame_;
+    const bool isTop = TextMember(content, "frameId") == target_;
     if (method == "Fetch.requestPaused") {
         OnRequest(content);
     } else if (method == "Page.screencastFrame") {
@@ -271,6 +270,10 @@ void BrowserPage::OnEvent(const ChannelMessage& event) {
             isLoading_ = true;
             SetState(ReadyState::loading);
         }
+    } else if (method == "Page.frameStoppedLoading") {
+        // Of what the host has left meanwhile it says nothing.
+        if (isTop && isLoading_ && hostUrl_.empty())
+            OnStopped();
     } else if (method == "Page.lifecycleEvent") {
         OnLifecycle(content, isTop);
     } else if (method == "Page.frameDetached") {
@@ -302,7 +305,7 @@ void BrowserPage::OnRequest(const Json& request) {
     } else if (url.starts_with("data:") || url.starts_with("blob:") || url.starts_with("about:")) {
         session_.Send("Fetch.continueRequest", {{"requestId", TextMember(request, "requestId")}});
     } else if (TextMember(request, "resourceType") == "Document") {
-        OnDocumentRequest(request, url, TextMember(request, "frameId") == mainFrame_);
+        OnDocumentRequest(request, url, TextMember(request, "frameId") == target_);
     } else {
         AnswerFile(request, url);
     }
@@ -335,7 +338,7 @@ void BrowserPage::AnswerFile(const Json& request, const std::string& url) {
     }
     if (!file.isFound) {
         const std::shared_ptr<Page> self = shared_from_this();
-        Fail(url, TextMember(request, "frameId") == mainFrame_,
+        Fail(url, TextMember(request, "frameId") == target_,
              file.isAllowed ? INET_E_OBJECT_NOT_FOUND : INET_E_SECURITY_PROBLEM);
         file.bytes = FailurePage(url);
         file.contentType = "text/html";
@@ -356,6 +359,7 @@ void BrowserPage::OnFrameNavigated(const Json& frame) {
         return;
     }
     loader_ = TextMember(frame, "loaderId");
+    isLoadFired_ = false;
     frames_.clear();
     hostUrl_.clear();
     bridge_->ForgetDocument();
@@ -373,22 +377,27 @@ void BrowserPage::OnLifecycle(const Json& event, bool isTop) {
     // Late news of the document before this one say nothing of it.
     if (isTop && TextMember(event, "loaderId") != loader_)
         return;
-    if (name == "load")
-        OnLoaded(TextMember(event, "frameId"));
+    if (name == "load" && isTop)
+        isLoadFired_ = true;
+    else if (name == "load" && state_ != ReadyState::uninitialized)
+        OnFrameLoaded(TextMember(event, "frameId"));
     else if (name == "DOMContentLoaded" && isTop && state_ == ReadyState::loaded)
         SetState(ReadyState::interactive);
 }
 
-void BrowserPage::OnLoaded(const std::string& frameId) {
+void BrowserPage::OnFrameLoaded(const std::string& frameId) {
+    const auto frame = frames_.find(frameId);
+    listener_->Loaded(Shown(frame == frames_.end() ? std::string() : frame->second), false);
+}
+
+/// The page's document is complete, or its loading was stopped. Not before: a navigation that began earlier
+/// would take the document's place in the history.
+void BrowserPage::OnStopped() {
     const std::shared_ptr<Page> self = shared_from_this();
-    if (frameId != mainFrame_) {
-        const auto frame = frames_.find(frameId);
-        listener_->Loaded(Shown(frame == frames_.end() ? std::string() : frame->second), false);
-        return;
-    }
+    const bool isComplete = std::exchange(isLoadFired_, false);
     isLoading_ = false;
     SetState(ReadyState::complete);
-    if (listener_)
+    if (listener_ && isComplete)
         listener_->Loaded(location_, true);
 }
 

@@ -73,7 +73,8 @@ private:
     void OnTold(const std::string& text);
     void OnFrameNavigated(const Json& frame);
     void OnLifecycle(const Json& event, bool isTop);
-    void OnLoaded(const std::string& frameId);
+    void OnFrameLoaded(const std::string& frameId);
+    void OnStopped();
     void OnDialog(const Json& dialog);
     void Lose(PageLoss loss);
     void SetState(ReadyState state);
@@ -86,11 +87,10 @@ private:
     LiveObject alive_;
     Session session_;
     std::string context_;
-    std::string target_;
+    std::string target_;  ///< also the name of the page's frame
     std::shared_ptr<ScriptBridge> bridge_;
     PagePainting painting_;
     Reach reach_;
-    std::string mainFrame_;
     std::string loader_;                         ///< of the page's document
     std::map<std::string, std::string> frames_;  ///< the addresses of the frames in it
     std::string hostUrl_;                        ///< that the host navigates to, until it is requested
@@ -99,6 +99,7 @@ private:
     std::wstring title_;
     ReadyState state_ = ReadyState::uninitialized;
     bool isLoading_ = false;
+    bool isLoadFired_ = false;  ///< the document's, which may go on loading
     bool isCrashed_ = false;
     bool canGoBack_ = false;
     bool canGoForward_ = false;

@@ -1,7 +1,6 @@
 #include "webbrowser/DispatchMembers.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 
 #include "framework/ComPtr.h"
@@ -48,8 +47,9 @@ HRESULT Invoke(IDispatch* object, DISPID id, WORD flags, const std::vector<Varia
     reversed.reserve(arguments.size() + 1);
     if (put)
         reversed.push_back(*put);
-    for (auto each = arguments.rbegin(); each != arguments.rend(); ++each)
-        reversed.push_back(each->Get());
+    for (const Variant& argument : arguments)
+        reversed.push_back(argument.Get());
+    std::reverse(reversed.begin() + (put ? 1 : 0), reversed.end());
     DISPID named = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{reversed.data(), put ? &named : nullptr, static_cast<UINT>(reversed.size()),
                           put ? 1U : 0U};

@@ -90,9 +90,7 @@ KeyName KeyNameOf(unsigned virtualKey, bool extended) {
         name.location = extended ? 2 : 1;
     } else if (virtualKey == 0x0d && extended) {
         name = {"NumpadEnter", "Enter", 3};
-    } else if (virtualKey >= 0x6a && virtualKey <= 0x6f) {
-        name.location = 3;
-    } else if (IsAlsoOnPad(virtualKey) && !extended) {
+    } else if ((virtualKey >= 0x6a && virtualKey <= 0x6f) || (IsAlsoOnPad(virtualKey) && !extended)) {
         name.location = 3;
     }
     return name;

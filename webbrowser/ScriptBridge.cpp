@@ -109,7 +109,7 @@ std::shared_ptr<ScriptBridge::Run> ScriptBridge::Start(std::string_view function
     dropped_.clear();
     const ScriptArray message = {
         Text(FromUtf8(function)), {ToScript(arguments)}, {std::move(dropped)}, Text(FromUtf8(document_))};
-    const auto run = std::make_shared<Run>();
+    auto run = std::make_shared<Run>();
     run->message = EncodeScriptValue({message});
     waiting_.push_back(run);
     Dispatch();
@@ -143,7 +143,7 @@ void ScriptBridge::Dispatch() {
     }
 }
 
-ScriptValue ScriptBridge::Finish(const std::shared_ptr<Run>& run) {
+ScriptValue ScriptBridge::Finish(const std::shared_ptr<Run>& run) const {
     const std::shared_ptr<Inbox> inbox = session_.inbox;
     inbox->ServeUntil(session_.owner, [&] { return run->isDone; });
     if (run->isLost)

@@ -90,7 +90,7 @@ private:
     };
 
     std::shared_ptr<Run> Start(std::string_view function, std::span<const Variant> arguments);
-    ScriptValue Finish(const std::shared_ptr<Run>& run);
+    ScriptValue Finish(const std::shared_ptr<Run>& run) const;
     void Dispatch();
     void Fulfill(const std::string& request, const std::string& answer);
     std::string Answer(const ScriptArray& message) noexcept;

@@ -81,14 +81,14 @@ ScriptValue ArrayElements(SAFEARRAY* array, UINT dimension, std::vector<LONG>& i
 
 }  // namespace
 
-ScriptValue ScriptFromVariant(const VARIANT& given,
+ScriptValue ScriptFromVariant(const VARIANT& value,
                               const std::function<ScriptValue(IUnknown*)>& objectValue) {
     // A copy of what a reference refers to, without adding to what is counted.
-    const VARIANT* value = &given;
-    while (value->vt == (VT_BYREF | VT_VARIANT))
-        value = value->pvarVal;
-    if (value->vt & VT_ARRAY) {
-        SAFEARRAY* const array = value->vt & VT_BYREF ? *value->pparray : value->parray;
+    const VARIANT* referred = &value;
+    while (referred->vt == (VT_BYREF | VT_VARIANT))
+        referred = referred->pvarVal;
+    if (referred->vt & VT_ARRAY) {
+        SAFEARRAY* const array = referred->vt & VT_BYREF ? *referred->pparray : referred->parray;
         VARTYPE type = 0;
         if (!array)
             return {ScriptNull()};
@@ -97,7 +97,7 @@ ScriptValue ScriptFromVariant(const VARIANT& given,
         return ArrayElements(array, 1, indices, type, objectValue);
     }
     Variant copy;
-    ThrowIfFailed(copy.SetCopy(*value));
+    ThrowIfFailed(copy.SetCopy(*referred));
     const VARIANT& plain = copy.Get();
     switch (plain.vt) {
         case VT_EMPTY:
