@@ -68,7 +68,7 @@ void Browser::Ask(const std::string& session, const char* method, const Json& ar
         id = ++lastId_;
         isRunning = isRunning_;
         if (isRunning)
-            pending_[id] = {session, inbox, reply};
+            pending_[id] = {session, inbox->GetSlot(), reply};
     }
     if (isRunning)
         Write(Command(id, session, method, arguments));
@@ -132,8 +132,8 @@ void Browser::Received(const std::string& text) {
             pending = std::move(found->second);
             pending_.erase(found);
         }
-        if (const std::shared_ptr<Inbox> inbox = pending.inbox.lock())
-            inbox->Post({nullptr, true, [message, reply = std::move(pending.reply)] { reply(*message); }});
+        pending.inbox->Post(
+            {nullptr, true, [message, reply = std::move(pending.reply)] { reply(*message); }});
         return;
     }
     std::shared_ptr<const Watch> watch;
@@ -145,7 +145,7 @@ void Browser::Received(const std::string& text) {
         watch = found->second;
     }
     watch->inbox->Post(
-        {watch->owner, watch->isUrgent(*message), [message, watch] { watch->sink(*message); }});
+        {watch->owner, watch->isUrgent(*message), [message, sink = watch->sink] { sink(*message); }});
 }
 
 void Browser::Ended() {
@@ -160,11 +160,10 @@ void Browser::Ended() {
     const auto message =
         std::make_shared<const ChannelMessage>(ChannelMessage{0, ended, {}, Json::object(), true});
     for (auto& [id, each] : pending) {
-        if (const std::shared_ptr<Inbox> inbox = each.inbox.lock())
-            inbox->Post({nullptr, true, [message, reply = std::move(each.reply)] { reply(*message); }});
+        each.inbox->Post({nullptr, true, [message, reply = std::move(each.reply)] { reply(*message); }});
     }
     for (const auto& [session, watch] : watches)
-        watch->inbox->Post({watch->owner, true, [message, watch = watch] { watch->sink(*message); }});
+        watch->inbox->Post({watch->owner, true, [message, sink = watch->sink] { sink(*message); }});
 }
 
 }  // namespace nux::webbrowser

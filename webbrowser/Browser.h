@@ -40,7 +40,7 @@ public:
               const std::shared_ptr<Inbox>& inbox);
 
     struct Watch {
-        std::shared_ptr<Inbox> inbox;
+        std::shared_ptr<Inbox::Slot> inbox;
         const void* owner;                                  ///< of the items in the inbox
         bool (*isUrgent)(const ChannelMessage&) = nullptr;  ///< called by the browser's thread
         Sink sink;
@@ -53,7 +53,7 @@ public:
 private:
     struct Pending {
         std::string session;
-        std::weak_ptr<Inbox> inbox;
+        std::shared_ptr<Inbox::Slot> inbox;
         Sink reply;
     };
     std::string Command(std::int64_t id, const std::string& session, const char* method,

@@ -66,11 +66,11 @@ BrowserPage::BrowserPage(PageListener& listener, PixelSize size)
 
 void BrowserPage::Begin() {
     const std::weak_ptr<BrowserPage> weak = std::static_pointer_cast<BrowserPage>(shared_from_this());
-    session_.browser->SetWatch(
-        session_.id, {session_.inbox, this, &BrowserPage::IsUrgent, [weak](const ChannelMessage& event) {
-                          if (const std::shared_ptr<BrowserPage> page = weak.lock())
-                              page->OnEvent(event);
-                      }});
+    session_.browser->SetWatch(session_.id, {session_.inbox->GetSlot(), this, &BrowserPage::IsUrgent,
+                                             [weak](const ChannelMessage& event) {
+                                                 if (const std::shared_ptr<BrowserPage> page = weak.lock())
+                                                     page->OnEvent(event);
+                                             }});
     session_.isOpen = true;
     session_.Send("Page.enable");
     // Without it a page without a script runs ours late.
@@ -439,6 +439,10 @@ void BrowserPage::OnTold(const std::string& text) {
     } else if (what == L"tab") {
         const bool* const forward = parts->size() > 1 ? std::get_if<bool>(&(*parts)[1].content) : nullptr;
         listener_->TabbedOut(forward && *forward);
+    } else if (what == L"copied") {
+        listener_->Copied(wide(1));
+    } else if (what == L"list" && parts->size() == 8) {
+        OnListOpened(*parts);
     } else if (what == L"menu" && parts->size() == 4) {
         const auto* const element = std::get_if<PageObjectId>(&(*parts)[3].content);
         listener_->ContextMenu({number(1), number(2)}, element ? bridge_->Hold(*element) : PageReference());

@@ -52,6 +52,8 @@ public:
 
     void Mouse(UINT message, WPARAM wParam, POINT at) override;
     void Key(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void InsertText(std::wstring_view text) override;
+    void ChooseInList(const PageReference& element, int entry) override;
     void SetFocus(bool focused) override;
     void TabInto(bool forward) override;
 
@@ -71,6 +73,7 @@ private:
     void AnswerFile(const Json& request, const std::string& url);
     void Refuse(const Json& request, const char* reason);
     void OnTold(const std::string& text);
+    void OnListOpened(const ScriptArray& list);
     void OnFrameNavigated(const Json& frame);
     void OnLifecycle(const Json& event, bool isTop);
     void OnFrameLoaded(const std::string& frameId);

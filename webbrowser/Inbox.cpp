@@ -41,29 +41,35 @@ std::shared_ptr<Inbox> Inbox::OfThisThread() {
     return inbox;
 }
 
-Inbox::Inbox() : arrived_(CreateEventA(nullptr, FALSE, FALSE, nullptr)) {
-    if (!arrived_)
+Inbox::Inbox() {
+    slot_->arrived_ = UniqueKernelHandle(CreateEventA(nullptr, FALSE, FALSE, nullptr));
+    if (!slot_->arrived_)
         throw HResultError(LastFailure());
     Create(inboxClass, HWND_MESSAGE, RECT{}, 0);
+    slot_->window_ = handle_;
 }
 
 Inbox::~Inbox() {
+    {
+        std::deque<Item> left;  // let go of after the lock
+        Lock lock(slot_->lock_);
+        slot_->window_ = nullptr;
+        left.swap(slot_->items_);
+    }
     Lock lock(inboxesLock);
     const auto known = inboxes.find(thread_);
     if (known != inboxes.end() && known->second.expired())
         inboxes.erase(known);
 }
 
-void Inbox::Post(Item item) {
-    bool isFirst = false;
-    {
-        Lock lock(lock_);
-        items_.push_back(std::move(item));
-        isFirst = !std::exchange(isPosted_, true);
-    }
-    // One message for all: a queue holds ten thousand.
-    if (isFirst)
-        PostMessageA(handle_, itemsArrived, 0, 0);
+void Inbox::Slot::Post(Item item) {
+    Lock lock(lock_);
+    if (!window_)
+        return;
+    items_.push_back(std::move(item));
+    // One message for all: a queue of messages holds ten thousand.
+    if (!std::exchange(isPosted_, true))
+        PostMessageA(window_, itemsArrived, 0, 0);
     SetEvent(arrived_.Get());
 }
 
@@ -73,9 +79,9 @@ LRESULT Inbox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     const std::shared_ptr<Inbox> self = shared_from_this();
     {
         // Before the item runs, which may serve messages itself.
-        Lock lock(lock_);
-        isPosted_ = items_.size() > 1;
-        if (isPosted_)
+        Lock lock(slot_->lock_);
+        slot_->isPosted_ = slot_->items_.size() > 1;
+        if (slot_->isPosted_)
             PostMessageA(handle_, itemsArrived, 0, 0);
     }
     ServeOne(nullptr, true);
@@ -85,14 +91,15 @@ LRESULT Inbox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 bool Inbox::ServeOne(const void* onlyOwner, bool all) {
     Item item;
     {
-        Lock lock(lock_);
-        const auto found = std::find_if(items_.begin(), items_.end(), [&](const Item& each) {
+        Lock lock(slot_->lock_);
+        std::deque<Item>& items = slot_->items_;
+        const auto found = std::find_if(items.begin(), items.end(), [&](const Item& each) {
             return all || !each.owner || (each.owner == onlyOwner && each.isUrgent);
         });
-        if (found == items_.end())
+        if (found == items.end())
             return false;
         item = std::move(*found);
-        items_.erase(found);
+        items.erase(found);
     }
     Run(item.run);
     return true;
@@ -114,7 +121,7 @@ void Inbox::ServeMessages() {
 void Inbox::ServeUntil(const void* owner, const std::function<bool()>& isDone, DWORD exclusive) {
     const std::shared_ptr<Inbox> self = shared_from_this();
     const ULONGLONG begin = GetTickCount64();
-    const HANDLE arrived = arrived_.Get();
+    const HANDLE arrived = slot_->arrived_.Get();
     while (!isDone()) {
         const ULONGLONG waited = GetTickCount64() - begin;
         const bool isExclusive = waited < exclusive;

@@ -11,14 +11,29 @@
 
 namespace nux::webbrowser {
 
-/// What other threads leave for one thread to do, when it serves its messages or waits here. It is held by
-/// shared pointers: whoever does something of it may let go of it.
+/// What other threads leave for one thread to do, when it serves its messages or waits here.
 class Inbox : public Window, public std::enable_shared_from_this<Inbox> {
 public:
     struct Item {
         const void* owner;  ///< whom it is about; null for nobody
         bool isUrgent;      ///< its owner's waiting calls may need it to come to an end
         std::function<void()> run;
+    };
+
+    /// Where others put items. It may be let go of by any thread; the inbox itself, with its window, only by
+    /// its own.
+    class Slot {
+    public:
+        /// From any thread. Once there is no inbox any more, nothing happens.
+        void Post(Item item);
+
+    private:
+        friend class Inbox;
+        SRWLOCK lock_ = SRWLOCK_INIT;
+        std::deque<Item> items_;
+        HWND window_ = nullptr;
+        bool isPosted_ = false;  ///< a message for the window is under way
+        UniqueKernelHandle arrived_;
     };
 
     /// Waits serve nothing but what they need for so long; then all messages of the thread.
@@ -30,8 +45,8 @@ public:
     Inbox();
     ~Inbox() override;
 
-    /// From any thread.
-    void Post(Item item);
+    const std::shared_ptr<Inbox::Slot>& GetSlot() const noexcept { return slot_; }
+    void Post(Item item) { slot_->Post(std::move(item)); }
 
     /// Serves until `isDone`. On the inbox's thread.
     /// @param owner      whose urgent items are served from the begin; those of nobody are served always
@@ -44,10 +59,7 @@ private:
     bool ServeOne(const void* onlyOwner, bool all);
     void ServeMessages();
 
-    SRWLOCK lock_ = SRWLOCK_INIT;
-    std::deque<Item> items_;
-    bool isPosted_ = false;  ///< a message for the window is under way
-    UniqueKernelHandle arrived_;
+    std::shared_ptr<Slot> slot_ = std::make_shared<Slot>();
     DWORD thread_ = GetCurrentThreadId();
 };
 

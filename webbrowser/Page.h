@@ -96,6 +96,10 @@ public:
     /// A message of the keyboard (WM_KEYDOWN, WM_SYSKEYDOWN, WM_CHAR, WM_SYSCHAR, WM_KEYUP, WM_SYSKEYUP).
     /// WM_CHAR follows its WM_KEYDOWN, as TranslateMessage does it.
     virtual void Key(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+    /// Writes text where the focus is, in the place of what is selected: what pasting the clipboard does.
+    virtual void InsertText(std::wstring_view text) = 0;
+    /// Selects an entry of an element `select`, as the user does.
+    virtual void ChooseInList(const PageReference& element, int entry) = 0;
     virtual void SetFocus(bool focused) = 0;
     /// Gives the focus to the first or last element that takes it, as Tab into the page does.
     virtual void TabInto(bool forward) = 0;

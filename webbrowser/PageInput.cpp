@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+
 #include "webbrowser/BrowserPage.h"
 #include "webbrowser/KeyNames.h"
 #include "webbrowser/Utf.h"
@@ -126,6 +128,53 @@ void BrowserPage::Key(UINT message, WPARAM wParam, LPARAM lParam) {
                    {"isSystemKey", message == WM_SYSKEYDOWN || message == WM_SYSKEYUP},
                    {"autoRepeat", isDown && (HIWORD(lParam) & KF_REPEAT) != 0},
                    {"modifiers", Modifiers()}});
+}
+
+void BrowserPage::InsertText(std::wstring_view text) {
+    session_.Send("Input.insertText", {{"text", ToUtf8(text)}});
+}
+
+void BrowserPage::ChooseInList(const PageReference& element, int entry) {
+    Variant arguments[2];
+    arguments[0].SetObject(ObjectOf(element));
+    arguments[1].SetNumber(entry);
+    Post(R"((select, entry) => {
+        if (select.selectedIndex === entry)
+            return;
+        select.selectedIndex = entry;
+        select.dispatchEvent(new Event('input', {bubbles: true}));
+        select.dispatchEvent(new Event('change', {bubbles: true}));
+    })",
+         arguments);
+}
+
+void BrowserPage::OnListOpened(const ScriptArray& list) {
+    const auto* const element = std::get_if<PageObjectId>(&list[1].content);
+    const auto* const lines = std::get_if<std::u16string>(&list[7].content);
+    PageList opened;
+    // What the page has sent is counted, whatever else it says.
+    if (element)
+        opened.element = bridge_->Hold(*element);
+    int numbers[5] = {};
+    for (int i = 0; i < 5; ++i) {
+        const auto* const number = std::get_if<double>(&list[i + 2].content);
+        if (!number || !(*number > -1e6 && *number < 1e6))
+            return;
+        numbers[i] = static_cast<int>(*number);
+    }
+    if (!element || !lines)
+        return;
+    opened.place = {numbers[0], numbers[1], numbers[2], numbers[3]};
+    opened.selected = numbers[4];
+    std::size_t begin = 0;
+    while (begin < lines->size()) {
+        const std::size_t end = std::min(lines->find(u'\n', begin), lines->size());
+        opened.entries.push_back({{lines->begin() + static_cast<std::ptrdiff_t>(begin) + 1,
+                                   lines->begin() + static_cast<std::ptrdiff_t>(end)},
+                                  (*lines)[begin] == u'+'});
+        begin = end + 1;
+    }
+    listener_->ListOpened(opened);
 }
 
 void BrowserPage::SetFocus(bool focused) {

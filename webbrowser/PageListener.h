@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "framework/ComPtr.h"
 #include "framework/Variant.h"
@@ -28,6 +29,18 @@ struct PageDialog {
 struct PageDialogAnswer {
     bool accepted = false;
     std::wstring text;  ///< what was typed for a prompt
+};
+
+/// The list of an element `select` that the user wants to see. The page shows none.
+struct PageList {
+    struct Entry {
+        std::wstring text;
+        bool isEnabled = true;
+    };
+    PageReference element;  ///< to be given to Page::ChooseInList
+    RECT place{};           ///< of the element, in client pixels
+    int selected = -1;      ///< index of the entry
+    std::vector<Entry> entries;
 };
 
 /// Why a page is no longer there.
@@ -89,6 +102,12 @@ public:
     virtual void TabbedOut(bool forward) = 0;
     /// The user asks for a context menu, at client pixels. The page itself shows none.
     virtual void ContextMenu(POINT at, const PageReference& element) = 0;
+
+    /// The user opens the list of an element `select`.
+    virtual void ListOpened(const PageList&) {}
+    /// The user or a script has copied text in the page (Ctrl+C, Ctrl+X, copy): for the clipboard, of which
+    /// the page has one of its own.
+    virtual void Copied(const std::wstring&) {}
 
     /// The page is lost: each call of Page fails, each waiting one has failed.
     virtual void Lost(PageLoss loss) = 0;

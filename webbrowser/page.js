@@ -402,6 +402,8 @@
         watchTitle(page);
         watchPointer(page);
         watchTab(page);
+        watchLists(page);
+        watchCopies(page);
     }
 
     /// "file://C:\dir\x.png" is no URL to the browser, which asks nobody for it.
@@ -482,6 +484,53 @@
             event.preventDefault();
             page.report('menu', event.clientX, event.clientY, event.target);
         });
+    }
+
+    /// The list of a select element is a window of its own, which no picture of the page shows: the program shows it.
+    function watchLists(page) {
+        const open = (event, select) => {
+            event.preventDefault();
+            select.focus();
+            const {left, top, right, bottom} = select.getBoundingClientRect();
+            // One line for each, which begins with what may be done with it.
+            const entries = Array.from(select.options, option =>
+                (option.disabled || option.parentNode.disabled ? '-' : '+') + option.text.replaceAll('\n', ' '));
+            page.report('list', select, Math.round(left), Math.round(top), Math.round(right), Math.round(bottom),
+                select.selectedIndex, entries.join('\n'));
+        };
+        const listOf = event => {
+            const select = event.target instanceof Element ? event.target.closest('select') : null;
+            return select && !select.disabled && !select.multiple && select.size <= 1 && !event.defaultPrevented ?
+                select : null;
+        };
+        window.addEventListener('mousedown', event => {
+            const select = event.button === 0 ? listOf(event) : null;
+            if (select)
+                open(event, select);
+        });
+        window.addEventListener('keydown', event => {
+            const select = event.key === 'F4' || event.key === ' ' || event.key === 'Enter' ||
+                (event.altKey && (event.key === 'ArrowDown' || event.key === 'ArrowUp')) ? listOf(event) : null;
+            if (select)
+                open(event, select);
+        });
+    }
+
+    function watchCopies(page) {
+        const tell = event => {
+            // A page that puts something of its own there prevents the default.
+            let text = event.defaultPrevented ? event.clipboardData.getData('text/plain') : '';
+            if (!event.defaultPrevented) {
+                const {activeElement} = document;
+                const isField = activeElement && typeof activeElement.selectionStart === 'number';
+                text = isField ? activeElement.value.slice(activeElement.selectionStart, activeElement.selectionEnd) :
+                    String(document.getSelection());
+            }
+            if (text !== '')
+                page.report('copied', text);
+        };
+        window.addEventListener('copy', tell);
+        window.addEventListener('cut', tell);
     }
 
     function watchTab(page) {

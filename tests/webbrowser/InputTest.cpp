@@ -113,6 +113,36 @@ TEST_F(InputTest, TellsTheCursorAndTheToolTip) {
     EXPECT_TRUE(page.Await([&] { return page.cursor == LoadCursorA(nullptr, IDC_IBEAM); }));
 }
 
+TEST_F(InputTest, GivesTheListOfASelectElementAndTakesTheChoice) {
+    page.Show(
+        "<body style='margin:0'><select id=s style='width:100px;height:20px' onchange='changed = s.value'>"
+        "<option>one<option selected>two<option disabled>three</select><script>var changed = ''</script>");
+    Click({50, 10});
+    ASSERT_TRUE(page.Await([&] { return page.list.entries.size() == 3; }));
+    EXPECT_EQ(L"one", page.list.entries[0].text);
+    EXPECT_TRUE(page.list.entries[0].isEnabled);
+    EXPECT_FALSE(page.list.entries[2].isEnabled);
+    EXPECT_EQ(1, page.list.selected);
+    EXPECT_EQ(100, page.list.place.right);
+    EXPECT_EQ(20, page.list.place.bottom);
+    page->ChooseInList(page.list.element, 0);
+    EXPECT_TRUE(Becomes(L"changed", L"one"));
+}
+
+TEST_F(InputTest, TellsWhatIsCopiedAndWritesWhatIsPasted) {
+    page.Show("<input id=i value='some text'><script>i.focus(); i.setSelectionRange(0, 4)</script>");
+    page->SetFocus(true);
+    BYTE keys[256]{};
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys);
+    Press('C', L'\x03');
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys);
+    EXPECT_TRUE(page.Await([&] { return page.WasTold(L"copied some"); }));
+    page->InsertText(L"any \x00e4");
+    EXPECT_TRUE(Becomes(L"i.value", L"any \x00e4 text"));
+}
+
 TEST_F(InputTest, TellsWhereAContextMenuIsWanted) {
     page.Show("<body style='margin:0'><p id=p style='height:100px;margin:0'>x");
     page->Mouse(WM_MOUSEMOVE, 0, {30, 40});

@@ -43,6 +43,7 @@ public:
     std::shared_ptr<const Picture> picture;
     HCURSOR cursor = nullptr;
     PageReference menuElement;
+    PageList list;
     std::shared_ptr<Page> page;
 
     bool Navigating(const std::wstring& address, bool isTop) override;
@@ -64,6 +65,8 @@ public:
     void ToolTipChanged(const std::wstring& text) override { Tell(L"tip " + text); }
     void TabbedOut(bool forward) override { Tell(forward ? L"tab" : L"tab back"); }
     void ContextMenu(POINT at, const PageReference& element) override;
+    void ListOpened(const PageList& opened) override { list = opened; }
+    void Copied(const std::wstring& text) override { Tell(L"copied " + text); }
     void Lost(PageLoss loss) override;
 
 private:
