@@ -23,6 +23,7 @@ TEST(PageUrl, ReadsEachFormOfAFile) {
         {u"file:///C:/dir/x.htm", "file:///C:/dir/x.htm", u"C:\\dir\\x.htm"},
         {u"FILE:C:\\dir/x.htm", "file:///C:/dir/x.htm", u"C:\\dir\\x.htm"},
         {u"file://localhost/C:/dir/x.htm", "file:///C:/dir/x.htm", u"C:\\dir\\x.htm"},
+        {u"file:////C:/dir/x.htm", "file:///C:/dir/x.htm", u"C:\\dir\\x.htm"},
         {u"file:///C|/dir/x.htm", "file:///C:/dir/x.htm", u"C:\\dir\\x.htm"},
         {u"  C:\\dir\\x.htm ", "file:///C:/dir/x.htm", u"C:\\dir\\x.htm"},
         {u"C:\\dir\\\\a//x.htm", "file:///C:/dir/a/x.htm", u"C:\\dir\\a\\x.htm"},
@@ -55,8 +56,7 @@ TEST(PageUrl, TellsOtherKindsApart) {
     EXPECT_EQ(Kind::script, ReadHostAddress(u"JavaScript:alert(1)").kind);
     for (const std::u16string_view address :
          {u"http://host/", u"x.htm", u"\\\\?\\C:\\x.htm", u"\\\\.\\pipe\\x", u"\\\\server", u"\\\\..\\x",
-          u"\\\\C|\\x", u"file:////C:/x", u"C:x.htm", u"file:///etc/x", u"file:", u"chrome://version",
-          u"\\x.htm"})
+          u"\\\\C|\\x", u"C:x.htm", u"file:///etc/x", u"file:", u"chrome://version", u"\\x.htm"})
         EXPECT_EQ(Kind::other, ReadHostAddress(address).kind) << ToUtf8(address);
     EXPECT_EQ(Kind::other, ReadHostAddress(std::u16string_view(u"C:\\x\0y", 6)).kind);
     EXPECT_EQ(Kind::other, ReadHostAddress(u"file:///C:/x%00y").kind);
