@@ -8,7 +8,6 @@
 #include "framework/ErrorInfo.h"
 #include "framework/Implements.h"
 #include "framework/TypeLibrary.h"
-#include "framework/Variant.h"
 
 namespace nux {
 
@@ -44,28 +43,9 @@ public:
 
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* argumentError) override {
-        // VBScript's `Set` asks for a put by reference alone. A property here takes an object either way.
-        if (flags & DISPATCH_PROPERTYPUTREF)
-            flags |= DISPATCH_PROPERTYPUT;
         return Guarded([&] {
-            const ComPtr<ITypeInfo> type = TypeInfoOf(IdOf<Interface>());
-            Interface* const self = static_cast<Interface*>(this);
-            if (!(flags & DISPATCH_PROPERTYGET) || !parameters || parameters->cArgs == 0 ||
-                !IsReadableProperty(IdOf<Interface>(), id))
-                return type->Invoke(self, id, flags, parameters, result, exception, argumentError);
-            // No property takes arguments: they are for the default member of the object that it holds. The
-            // platform would do the same, but Wine 8.0 does it also where the property holds null, and dies
-            // of it (DispatchTest.ArgumentsOfAPropertyThatHoldsNoObject).
-            Variant held;
-            DISPPARAMS none{};
-            const HRESULT read =
-                type->Invoke(self, id, DISPATCH_PROPERTYGET, &none, held.Receive(), exception, argumentError);
-            if (FAILED(read))
-                return read;
-            if (held.Type() != VT_DISPATCH || !held.Object())
-                return DISP_E_NOTACOLLECTION;
-            return held.Object()->Invoke(DISPID_VALUE, IID_NULL, locale, flags, parameters, result, exception,
-                                         argumentError);
+            return InvokeMember(TypeInfoOf(IdOf<Interface>()).Get(), static_cast<Interface*>(this), id,
+                                locale, flags, parameters, result, exception, argumentError);
         });
     }
 

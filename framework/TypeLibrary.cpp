@@ -9,6 +9,7 @@
 
 #include "framework/Module.h"
 #include "framework/ProcessWide.h"
+#include "framework/Variant.h"
 
 namespace nux {
 namespace {
@@ -36,27 +37,52 @@ KnownTypes& Known() noexcept {
     return known.Get();
 }
 
-KnownType& TypeOf(REFGUID guid) {
+KnownType& TypeOf(REFGUID guid, const RegisteredLibrary* registered) {
     KnownTypes& known = Known();
     for (KnownType& type : known) {
         if (type.id == guid)
             return type;
     }
     ComPtr<ITypeLib> library;
-    ThrowIfFailed(LoadTypeLibEx(ThisModulePath().c_str(), REGKIND_NONE, library.Receive()));
+    ThrowIfFailed(registered ? LoadRegTypeLib(registered->id, registered->major, registered->minor,
+                                              LOCALE_NEUTRAL, library.Receive())
+                             : LoadTypeLibEx(ThisModulePath().c_str(), REGKIND_NONE, library.Receive()));
     KnownType type{guid, {}, {}};
     ThrowIfFailed(library->GetTypeInfoOfGuid(guid, type.typeInfo.Receive()));
     return known.emplace_back(std::move(type));
 }
 
-}  // namespace
-
-ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid) {
-    return TypeOf(guid).typeInfo;
+/// Whether the member is a property without arguments of its own.
+bool IsPlainProperty(ITypeInfo* type, DISPID id) {
+    const ComPtr<ITypeInfo2> indexed = Query<ITypeInfo2>(type);
+    UINT index = 0;
+    if (!indexed || FAILED(indexed->GetFuncIndexOfMemId(id, INVOKE_PROPERTYGET, &index)))
+        return false;
+    // That index is not the one of its description: Wine 8.0 counts inherited functions here alone
+    // (DispatchTest.ArgumentsOfAPropertyThatHoldsNoObject).
+    FUNCDESC* function = nullptr;
+    for (index = 0; SUCCEEDED(type->GetFuncDesc(index, &function)); ++index) {
+        const bool isGet = function->memid == id && function->invkind == INVOKE_PROPERTYGET;
+        // Some descriptions list the result among the arguments.
+        const bool isPlain = function->cParams == 0 ||
+                             (function->cParams == 1 &&
+                              function->lprgelemdescParam[0].paramdesc.wParamFlags & PARAMFLAG_FRETVAL);
+        type->ReleaseFuncDesc(function);
+        if (isGet)
+            return isPlain;
+    }
+    return false;
 }
 
-HRESULT FindMembers(REFGUID guid, LPOLESTR* names, UINT count, DISPID* ids) {
-    KnownType& type = TypeOf(guid);
+}  // namespace
+
+ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid, const RegisteredLibrary* library) {
+    return TypeOf(guid, library).typeInfo;
+}
+
+HRESULT FindMembers(REFGUID guid, LPOLESTR* names, UINT count, DISPID* ids,
+                    const RegisteredLibrary* library) {
+    KnownType& type = TypeOf(guid, library);
     const bool isMemberAlone = count == 1 && names[0];
     if (isMemberAlone) {
         if (const auto found = type.members.find(std::wstring_view(names[0])); found != type.members.end()) {
@@ -70,10 +96,26 @@ HRESULT FindMembers(REFGUID guid, LPOLESTR* names, UINT count, DISPID* ids) {
     return result;
 }
 
-bool IsReadableProperty(REFGUID guid, DISPID id) {
-    const ComPtr<ITypeInfo2> type = TypeInfoOf(guid).As<ITypeInfo2>();
-    UINT index = 0;
-    return type && SUCCEEDED(type->GetFuncIndexOfMemId(id, INVOKE_PROPERTYGET, &index));
+HRESULT InvokeMember(ITypeInfo* type, IDispatch* self, DISPID id, LCID locale, WORD flags,
+                     DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception, UINT* argumentError) {
+    // VBScript's `Set` asks for a put by reference alone.
+    if (flags & DISPATCH_PROPERTYPUTREF)
+        flags |= DISPATCH_PROPERTYPUT;
+    if (!(flags & DISPATCH_PROPERTYGET) || !parameters || parameters->cArgs == 0 ||
+        !IsPlainProperty(type, id))
+        return type->Invoke(self, id, flags, parameters, result, exception, argumentError);
+    // The platform would do the same, but Wine 8.0 does it also where the property holds null, and dies of it
+    // (DispatchTest.ArgumentsOfAPropertyThatHoldsNoObject).
+    Variant held;
+    DISPPARAMS none{};
+    const HRESULT read =
+        type->Invoke(self, id, DISPATCH_PROPERTYGET, &none, held.Receive(), exception, argumentError);
+    if (FAILED(read))
+        return read;
+    if (held.Type() != VT_DISPATCH || !held.Object())
+        return DISP_E_NOTACOLLECTION;
+    return held.Object()->Invoke(DISPID_VALUE, IID_NULL, locale, flags, parameters, result, exception,
+                                 argumentError);
 }
 
 void ReleaseTypeInfos() noexcept {

@@ -1,6 +1,7 @@
 #include "framework/Dispatch.h"
 
 #include <gtest/gtest.h>
+#include <olectl.h>
 
 #include <string>
 
@@ -155,6 +156,24 @@ TEST_F(DispatchTest, KeepsATypeDescriptionUntilTheyAreReleased) {
     ReleaseTypeInfos();
     first->AddRef();
     EXPECT_EQ(kept - 1, first->Release());
+}
+
+TEST_F(DispatchTest, FindsMembersInTheDescriptionsOfARegisteredLibrary) {
+    const RegisteredLibrary standard{IID_StdOle, 2, 0};
+    LPOLESTR names[] = {const_cast<LPOLESTR>(L"Bold")};
+    DISPID id = 0;
+    ASSERT_EQ(S_OK, FindMembers(IID_IFontDisp, names, 1, &id, &standard));
+    EXPECT_EQ(DISPID_FONT_BOLD, id);
+}
+
+TEST_F(DispatchTest, ThrowsTheCodeForALibraryThatIsNotRegistered) {
+    const RegisteredLibrary missing{IID_IPersist, 1, 0};
+    try {
+        TypeInfoOf(IID_IFontDisp, &missing);
+        FAIL() << "nothing thrown";
+    } catch (const HResultError& error) {
+        EXPECT_EQ(TYPE_E_LIBNOTREGISTERED, error.Code());
+    }
 }
 
 TEST_F(DispatchTest, ThrowsTheCodeForAForeignIdentifier) {
