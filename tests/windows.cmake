@@ -71,6 +71,7 @@ foreach(program webbrowser_tests page_endurance_tests)
     target_sources(${program} PRIVATE webbrowser/OpenedPage.cpp)
     target_link_libraries(${program} PRIVATE webbrowser webbrowser_resources)
 endforeach()
+target_sources(webbrowser_tests PRIVATE webbrowser/HtmlPage.cpp)
 
 nux_layer_tests(dialogs)
 # What the tests of errors run in a process of its own.
