@@ -1,5 +1,7 @@
 #include "control/nuxStdParts.h"
 
+#include <mshtml.h>
+
 #include "control/OutArguments.h"
 #include "environment/DiagnosticLog.h"
 #include "environment/InstallationPaths.h"
@@ -20,6 +22,21 @@ const WindowClass& ControlWindowClass() noexcept {
     static const WindowClass windowClass("nuxStdPartsControl", CS_HREDRAW | CS_VREDRAW | CS_DBLCLKS,
                                          reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1));
     return windowClass;
+}
+
+/// The URL of the document that a site belongs to.
+/// @return false if the site belongs to no document
+bool FindDocument(IOleClientSite* site, std::wstring& url) {
+    ComPtr<IOleContainer> container;
+    if (!site || site->GetContainer(container.Receive()) != S_OK)
+        return false;
+    const ComPtr<IHTMLDocument2> document = container.As<IHTMLDocument2>();
+    if (!document)
+        return false;
+    Bstr text;
+    document->get_URL(text.Receive());
+    url = text.View();
+    return true;
 }
 
 }  // namespace
@@ -55,6 +72,15 @@ void* nuxStdParts::FindInterface(REFIID iid) noexcept {
     if (iid == IdOf<DWebBrowserEvents2>())
         return &browserEvents_;
     return OleControl::FindInterface(iid);
+}
+
+DWORD nuxStdParts::SupportedSafety() const {
+    // A page from elsewhere can't make the object do what a page of the installation may: write any file.
+    std::wstring url;
+    const ComPtr<IOleClientSite> site = site_;
+    if (FindDocument(site.Get(), url) && !IsOfInstallation(url))
+        return 0;
+    return OleControl::SupportedSafety();
 }
 
 STDMETHODIMP nuxStdParts::SetExternalDispatch(IDispatch* pDisp) {

@@ -9,10 +9,10 @@
 
 #include "Inux3D.h"
 #include "control/BrowserEventSink.h"
-#include "control/OleControl.h"
 #include "control/nuxDataManager.h"
 #include "framework/ComObject.h"
 #include "framework/Dispatch.h"
+#include "framework/OleControl.h"
 #include "framework/Variant.h"
 #include "nuxStdPartsAX.h"
 
@@ -209,6 +209,8 @@ protected:
     /// Lets go of all that belongs to others, clears the log file and empties the document cache. Here and
     /// not in the destructor, since a host that is let go of may still call in.
     void OnLastRelease() noexcept;
+    /// Safe for scripts and data, but in a document that is no file of the installation: there nothing is.
+    DWORD SupportedSafety() const override;
 
 private:
     /// The commands of the control's window, sent by the host.

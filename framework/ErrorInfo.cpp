@@ -6,12 +6,14 @@
 namespace nux {
 namespace {
 
+const wchar_t* errorSource = L"Tarnvale.nuxStdParts";
+
 /// An error object, or null without words or without memory.
 ComPtr<IErrorInfo> MakeErrorInfo(REFIID iid, const std::wstring& words) noexcept {
     ComPtr<ICreateErrorInfo> error;
     // The platform's declarations are not const, their contracts are.
     if (words.empty() || FAILED(CreateErrorInfo(error.Receive())) || FAILED(error->SetGUID(iid)) ||
-        FAILED(error->SetSource(const_cast<LPOLESTR>(errorSource))) ||
+        FAILED(error->SetSource(const_cast<LPOLESTR>(ErrorSource()))) ||
         FAILED(error->SetDescription(const_cast<LPOLESTR>(words.c_str()))))
         return nullptr;
     return error.As<IErrorInfo>();
@@ -23,6 +25,14 @@ HRESULT Tell(REFIID iid, HRESULT code, const std::wstring& words) noexcept {
 }
 
 }  // namespace
+
+void SetErrorSource(const wchar_t* progId) noexcept {
+    errorSource = progId;
+}
+
+const wchar_t* ErrorSource() noexcept {
+    return errorSource;
+}
 
 HRESULT TellCurrentException(REFIID iid) noexcept {
     try {

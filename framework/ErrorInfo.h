@@ -14,8 +14,11 @@ namespace nux {
 // How an operation says why it failed: beside its code it leaves an error object with the thread, where
 // scripts find it as `message` or `Err.Description`. Nothing of this runs where nothing fails.
 
-/// The source that the error objects name: the ProgID of the module's one class.
-inline constexpr wchar_t errorSource[] = L"Tarnvale.nuxStdParts";
+/// The source that the error objects name: the ProgID of the module's one class, which is the component's
+/// unless a module says another.
+/// @param progId  a literal
+void SetErrorSource(const wchar_t* progId) noexcept;
+const wchar_t* ErrorSource() noexcept;
 
 /// Leaves the words of the exception that is being handled with the thread. Without words, or without the
 /// memory for them, none are left, not even older ones.

@@ -4,20 +4,36 @@
 #include "framework/Module.h"
 
 namespace nux {
-WindowClass::WindowClass(const char* name, UINT style, HBRUSH background) noexcept : name_(name) {
-    WNDCLASSEXA description{};
+namespace {
+
+template <class Description, class Name>
+Description Describe(Name name, UINT style, HBRUSH background, WNDPROC procedure) noexcept {
+    Description description{};
     description.cbSize = sizeof description;
     description.style = style;
-    description.lpfnWndProc = &Window::Procedure;
+    description.lpfnWndProc = procedure;
     description.hInstance = ThisModule();
-    description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    description.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
     description.hbrBackground = background;
     description.lpszClassName = name;
-    RegisterClassExA(&description);  // a failure shows when a window is created
+    return description;
+}
+
+}  // namespace
+
+// A failure of either shows when a window is created.
+WindowClass::WindowClass(const char* name, UINT style, HBRUSH background) noexcept : name_(name) {
+    const auto description = Describe<WNDCLASSEXA>(name, style, background, &Window::Procedure);
+    RegisterClassExA(&description);
+}
+
+WindowClass::WindowClass(const wchar_t* name, UINT style, HBRUSH background) noexcept {
+    const auto description = Describe<WNDCLASSEXW>(name, style, background, &Window::Procedure);
+    name_ = reinterpret_cast<const char*>(static_cast<ULONG_PTR>(RegisterClassExW(&description)));
 }
 
 WindowClass::~WindowClass() {
-    UnregisterClassA(name_, ThisModule());
+    UnregisterClassA(Name(), ThisModule());
 }
 
 void Window::Create(const WindowClass& windowClass, HWND parent, const RECT& bounds, DWORD style,

@@ -13,10 +13,13 @@ public:
     /// @param style       CS_ flags
     /// @param background  brush, or a system colour index plus 1, or null if the window paints all of itself
     WindowClass(const char* name, UINT style, HBRUSH background) noexcept;
+    /// The same for windows whose messages have wide texts: characters of any language come as WM_CHAR.
+    WindowClass(const wchar_t* name, UINT style, HBRUSH background) noexcept;
     WindowClass(const WindowClass&) = delete;
     WindowClass& operator=(const WindowClass&) = delete;
     ~WindowClass();
 
+    /// Its name for CreateWindowExA.
     const char* Name() const noexcept { return name_; }
 
 private:
@@ -44,7 +47,7 @@ protected:
         return Default(message, wParam, lParam);
     }
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-        return DefWindowProcA(handle_, message, wParam, lParam);
+        return (IsWindowUnicode(handle_) ? DefWindowProcW : DefWindowProcA)(handle_, message, wParam, lParam);
     }
 
 private:

@@ -82,8 +82,7 @@ add_dependencies(dialogs_tests show_error)
 # The automation object is tested in the registered module: from C++ with doubles of the host's objects, and from
 # scripts.
 nux_layer_tests(control)
-target_sources(control_tests PRIVATE control/Component.cpp control/ControlSite.cpp control/FileDialogs.cpp
-    control/HostedComponent.cpp
+target_sources(control_tests PRIVATE control/Component.cpp control/FileDialogs.cpp control/HostedComponent.cpp
     control/LifterWizardClass.cpp control/control_tests.rc)
 # The sample host's objects take their type library from the program that they are in.
 target_link_libraries(control_tests PRIVATE host)

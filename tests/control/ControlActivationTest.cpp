@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "tests/control/Component.h"
-#include "tests/control/ControlSite.h"
+#include "tests/support/ControlSite.h"
 
 namespace nux {
 namespace {

@@ -9,7 +9,7 @@
 
 #include "tests/control/Component.h"
 #include "tests/control/ControlSinks.h"
-#include "tests/control/ControlSite.h"
+#include "tests/support/ControlSite.h"
 
 namespace nux {
 namespace {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "host/HostObjects.h"
-#include "tests/control/ControlSite.h"
+#include "tests/support/ControlSite.h"
 #include "tests/support/Installation.h"
 
 namespace nux {

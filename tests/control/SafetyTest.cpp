@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "tests/control/ControlSite.h"
+#include "tests/support/ControlSite.h"
 #include "tests/support/Installation.h"
 #include "tests/support/PageDouble.h"
 

@@ -76,6 +76,27 @@ TEST_F(WindowTest, IsCreatedWithItsBoundsAndStyles) {
     EXPECT_STREQ(class_.Name(), name);
 }
 
+TEST_F(WindowTest, OfAWideClassGetsCharactersOfAnyLanguage) {
+    const WindowClass wide(L"nuxWideWindowTest", 0, nullptr);
+    wchar_t received = 0;
+    class Reader : public Window {
+    public:
+        explicit Reader(wchar_t& received) : received_(received) {}
+
+    private:
+        LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_CHAR)
+                received_ = static_cast<wchar_t>(wParam);
+            return Default(message, wParam, lParam);
+        }
+        wchar_t& received_;
+    } window(received);
+    window.Create(wide, nullptr, bounds, WS_POPUP);
+    ASSERT_TRUE(IsWindowUnicode(window.Handle()));
+    SendMessageW(window.Handle(), WM_CHAR, 0x5186, 0);
+    EXPECT_EQ(0x5186, received);
+}
+
 TEST_F(WindowTest, TakesChildBoundsInPixelsOfItsParent) {
     Listener parent;
     parent.Create(class_, nullptr, {100, 100, 300, 300}, WS_POPUP);

@@ -1,4 +1,4 @@
-#include "control/OleControl.h"
+#include "framework/OleControl.h"
 
 #include <cwchar>
 #include <string>
@@ -56,6 +56,7 @@ STDMETHODIMP OleControl::SetClientSite(IOleClientSite* site) {
     if (!site)
         InPlaceDeactivate();
     site_ = ComPtr<IOleClientSite>(site);
+    OnSiteChanged();
     return S_OK;
 }
 
@@ -165,6 +166,15 @@ void OleControl::ActivateUserInterface(IOleInPlaceSite& site, const InPlaceConte
     };
     activate(context.frame.Get());
     activate(context.document.Get());
+    if (userInterfaceActive_)
+        OnUserInterface(true);
+}
+
+ComPtr<IOleInPlaceFrame> OleControl::Frame() const noexcept {
+    InPlaceContext context;
+    if (const ComPtr<IOleInPlaceSite> site = inPlaceSite_)
+        context.Read(*site.Get());
+    return context.frame;
 }
 
 STDMETHODIMP OleControl::InPlaceDeactivate() {
@@ -183,6 +193,7 @@ STDMETHODIMP OleControl::UIDeactivate() {
     const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
     if (!std::exchange(userInterfaceActive_, false) || !site)
         return S_OK;
+    OnUserInterface(false);
     InPlaceContext context;
     context.Read(*site.Get());
     if (context.document)

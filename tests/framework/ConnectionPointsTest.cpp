@@ -1,4 +1,4 @@
-#include "control/ConnectionPoints.h"
+#include "framework/ConnectionPoints.h"
 
 #include <gtest/gtest.h>
 
@@ -16,6 +16,7 @@ const IID& secondEvents = IID_IPersist;
 class Source : public ConnectionPoints {
 public:
     Source() : ConnectionPoints({firstEvents, secondEvents}) {}
+    using ConnectionPoints::Sinks;
 
 protected:
     void* FindInterface(REFIID iid) noexcept {
@@ -97,6 +98,16 @@ TEST_F(ConnectionPointTest, HasAnIdentityApartFromItsContainer) {
     ComPtr<IConnectionPointContainer> container;
     ASSERT_EQ(S_OK, point_->GetConnectionPointContainer(container.Receive()));
     EXPECT_EQ(source_.Get(), container.Get());
+}
+
+TEST_F(ConnectionPointTest, ItsContainerFindsTheSinksOfAnInterface) {
+    const ComPtr<ComObject<Sink>> sink = MakeObject<Sink>();
+    DWORD cookie = 0;
+    ASSERT_EQ(S_OK, point_->Advise(sink.Get(), &cookie));
+    ASSERT_EQ(1u, source_->Sinks(firstEvents).size());
+    EXPECT_EQ(sink.Get(), source_->Sinks(firstEvents)[0].Get());
+    EXPECT_TRUE(source_->Sinks(secondEvents).empty());
+    EXPECT_TRUE(source_->Sinks(IID_IDispatch).empty()) << "an interface that isn't outgoing";
 }
 
 TEST_F(ConnectionPointTest, KeepsItsContainerAlive) {

@@ -31,6 +31,9 @@ public:
     STDMETHODIMP Unadvise(DWORD cookie) override;
     STDMETHODIMP EnumConnections(IEnumConnections** enumeration) override;
 
+    const IID& Outgoing() const noexcept { return iid_; }
+    /// What is connected now, each the interface that goes out here. Throws std::bad_alloc.
+    std::vector<ComPtr<IUnknown>> Sinks() const;
     void ReleaseConnections() noexcept { std::vector<Connection>().swap(connections_); }
 
 private:
@@ -55,6 +58,10 @@ public:
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
 
 protected:
+    /// One more outgoing interface. Throws std::bad_alloc.
+    void AddConnectionPoint(REFIID iid) { points_.emplace_back(*this, iid); }
+    /// What is connected for an outgoing interface. Throws std::bad_alloc.
+    std::vector<ComPtr<IUnknown>> Sinks(REFIID iid) const;
     /// Lets go of all sinks.
     void ReleaseConnections() noexcept;
 

@@ -4,8 +4,8 @@
 
 #include <ocidl.h>
 
-#include "control/ControlState.h"
 #include "framework/ComPtr.h"
+#include "framework/ControlState.h"
 #include "framework/Implements.h"
 
 namespace nux {

@@ -5,7 +5,7 @@
 #include <objsafe.h>
 #include <ocidl.h>
 
-#include "control/ControlState.h"
+#include "framework/ControlState.h"
 #include "framework/Implements.h"
 
 namespace nux {
@@ -19,14 +19,17 @@ public:
     STDMETHODIMP GetPages(CAUUID* pages) override;
     STDMETHODIMP GetClassInfo(ITypeInfo** typeInfo) override;
     STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
-    /// Safe for scripts and data, but in a document that is no file of the installation: there nothing is.
+    /// What can be set is what SupportedSafety tells.
     STDMETHODIMP GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) override;
     STDMETHODIMP SetInterfaceSafetyOptions(REFIID iid, DWORD mask, DWORD enabled) override;
 
-private:
-    /// The options that can be set where the control is.
-    DWORD SupportedSafety() const;
+protected:
+    /// The options that can be set where the control is: both, unless a class knows better.
+    virtual DWORD SupportedSafety() const {
+        return INTERFACESAFE_FOR_UNTRUSTED_CALLER | INTERFACESAFE_FOR_UNTRUSTED_DATA;
+    }
 
+private:
     DWORD safety_ = 0;
 };
 

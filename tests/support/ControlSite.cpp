@@ -1,4 +1,4 @@
-#include "tests/control/ControlSite.h"
+#include "tests/support/ControlSite.h"
 
 #include "framework/Text.h"
 

@@ -1,4 +1,4 @@
-#include "control/Enumeration.h"
+#include "framework/Enumeration.h"
 
 #include <gtest/gtest.h>
 #include <ole2.h>

@@ -4,7 +4,7 @@
 
 #include <ocidl.h>
 
-#include "control/ControlState.h"
+#include "framework/ControlState.h"
 #include "framework/Implements.h"
 
 namespace nux {

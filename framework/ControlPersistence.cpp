@@ -1,4 +1,4 @@
-#include "control/ControlPersistence.h"
+#include "framework/ControlPersistence.h"
 
 #include "framework/ComPtr.h"
 

@@ -1,4 +1,4 @@
-#include "control/ControlView.h"
+#include "framework/ControlView.h"
 
 namespace nux {
 

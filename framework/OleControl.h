@@ -4,11 +4,11 @@
 
 #include <olectl.h>
 
-#include "control/ConnectionPoints.h"
-#include "control/ControlInformation.h"
-#include "control/ControlPersistence.h"
-#include "control/ControlView.h"
 #include "framework/ComPtr.h"
+#include "framework/ConnectionPoints.h"
+#include "framework/ControlInformation.h"
+#include "framework/ControlPersistence.h"
+#include "framework/ControlView.h"
 #include "framework/Window.h"
 
 namespace nux {
@@ -92,6 +92,17 @@ protected:
     /// Ends the activation and lets go of the site and all sinks. For OnLastRelease: each may call in.
     void ReleaseContainer() noexcept;
     const Identity& GetIdentity() const noexcept override { return identity_; }
+
+    /// Told when the control has another site, or none.
+    virtual void OnSiteChanged() noexcept {}
+    /// Told when the control's user interface has become active, and before it ends.
+    virtual void OnUserInterface(bool /*active*/) noexcept {}
+    bool HasUserInterface() const noexcept { return userInterfaceActive_; }
+    /// The site in which the control is active in place; null while it isn't.
+    const ComPtr<IOleInPlaceSite>& InPlaceSite() const noexcept { return inPlaceSite_; }
+    /// The window that the container calls its own, whose keys and dialogs it watches; null while the control
+    /// isn't active in place.
+    ComPtr<IOleInPlaceFrame> Frame() const noexcept;
 
 private:
     // A site or sink that is called may let go of the control, and of itself: what calls it holds references

@@ -1,6 +1,6 @@
-#include "control/ConnectionPoints.h"
+#include "framework/ConnectionPoints.h"
 
-#include "control/Enumeration.h"
+#include "framework/Enumeration.h"
 
 namespace nux {
 namespace {
@@ -88,6 +88,21 @@ STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** enumeration) {
     });
 }
 
+std::vector<ComPtr<IUnknown>> ConnectionPoint::Sinks() const {
+    std::vector<ComPtr<IUnknown>> sinks;
+    for (const Connection& connection : connections_)
+        sinks.push_back(connection.sink);
+    return sinks;
+}
+
+std::vector<ComPtr<IUnknown>> ConnectionPoints::Sinks(REFIID iid) const {
+    for (const ConnectionPoint& point : points_) {
+        if (point.Outgoing() == iid)
+            return point.Sinks();
+    }
+    return {};
+}
+
 ConnectionPoints::ConnectionPoints(std::initializer_list<IID> outgoing) {
     for (const IID& iid : outgoing)
         points_.emplace_back(*this, iid);
@@ -116,9 +131,7 @@ STDMETHODIMP ConnectionPoints::FindConnectionPoint(REFIID iid, IConnectionPoint*
         return E_POINTER;
     *point = nullptr;
     for (ConnectionPoint& candidate : points_) {
-        IID own;
-        candidate.GetConnectionInterface(&own);
-        if (own == iid) {
+        if (candidate.Outgoing() == iid) {
             candidate.AddRef();
             *point = &candidate;
             return S_OK;

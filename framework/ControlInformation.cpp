@@ -1,30 +1,8 @@
-#include "control/ControlInformation.h"
+#include "framework/ControlInformation.h"
 
-#include <mshtml.h>
-
-#include "environment/InstallationPaths.h"
-#include "framework/Text.h"
 #include "framework/TypeLibrary.h"
 
 namespace nux {
-namespace {
-
-/// The URL of the document that a site belongs to.
-/// @return false if the site belongs to no document
-bool FindDocument(IOleClientSite* site, std::wstring& url) {
-    ComPtr<IOleContainer> container;
-    if (!site || site->GetContainer(container.Receive()) != S_OK)
-        return false;
-    const ComPtr<IHTMLDocument2> document = container.As<IHTMLDocument2>();
-    if (!document)
-        return false;
-    Bstr text;
-    document->get_URL(text.Receive());
-    url = text.View();
-    return true;
-}
-
-}  // namespace
 
 STDMETHODIMP ControlInformation::GetPages(CAUUID* pages) {
     if (!pages)
@@ -51,15 +29,6 @@ STDMETHODIMP ControlInformation::GetGUID(DWORD kind, GUID* guid) {
         return E_INVALIDARG;
     *guid = GetIdentity().eventInterface;
     return S_OK;
-}
-
-DWORD ControlInformation::SupportedSafety() const {
-    // A page from elsewhere can't make the object do what a page of the installation may: write any file.
-    std::wstring url;
-    const ComPtr<IOleClientSite> site = site_;
-    if (FindDocument(site.Get(), url) && !IsOfInstallation(url))
-        return 0;
-    return INTERFACESAFE_FOR_UNTRUSTED_CALLER | INTERFACESAFE_FOR_UNTRUSTED_DATA;
 }
 
 STDMETHODIMP ControlInformation::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) {
