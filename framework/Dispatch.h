@@ -11,9 +11,9 @@
 
 namespace nux {
 
-/// IDispatch of a dual interface, by its description in the module's type library. Operations of the
-/// interface run in Operation, and so say why they fail.
-template <class Interface>
+/// IDispatch of a dual interface, by its description in the module's type library or in a registered one.
+/// Operations of the interface run in Operation, and so say why they fail.
+template <class Interface, const RegisteredLibrary* library = nullptr>
 class Dispatch : public Implements<AlsoAs<Interface, IDispatch>, ISupportErrorInfo> {
 public:
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
@@ -30,7 +30,7 @@ public:
         if (index != 0)
             return DISP_E_BADINDEX;
         return Guarded([&] {
-            *typeInfo = TypeInfoOf(IdOf<Interface>()).Detach();
+            *typeInfo = TypeInfoOf(IdOf<Interface>(), library).Detach();
             return S_OK;
         });
     }
@@ -38,14 +38,14 @@ public:
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
         if (!names || !ids)
             return E_POINTER;
-        return Guarded([&] { return FindMembers(IdOf<Interface>(), names, count, ids); });
+        return Guarded([&] { return FindMembers(IdOf<Interface>(), names, count, ids, library); });
     }
 
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* argumentError) override {
         return Guarded([&] {
-            return InvokeMember(TypeInfoOf(IdOf<Interface>()).Get(), static_cast<Interface*>(this), id,
-                                locale, flags, parameters, result, exception, argumentError);
+            return InvokeMember(TypeInfoOf(IdOf<Interface>(), library).Get(), static_cast<Interface*>(this),
+                                id, locale, flags, parameters, result, exception, argumentError);
         });
     }
 

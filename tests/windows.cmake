@@ -72,6 +72,8 @@ foreach(program webbrowser_tests page_endurance_tests)
     target_link_libraries(${program} PRIVATE webbrowser webbrowser_resources)
 endforeach()
 target_sources(webbrowser_tests PRIVATE webbrowser/HtmlPage.cpp)
+target_compile_definitions(webbrowser_tests PRIVATE NUX_WEB_BROWSER="Z:$<TARGET_FILE:nuxWebBrowser>")
+add_dependencies(webbrowser_tests nuxWebBrowser)
 
 nux_layer_tests(dialogs)
 # What the tests of errors run in a process of its own.

@@ -12,7 +12,11 @@ namespace {
 
 constexpr UINT itemsArrived = WM_APP;
 
-const WindowClass inboxClass("nuxWebBrowserInbox", 0, nullptr);
+/// Made at first use: before, the module doesn't know itself.
+const WindowClass& InboxClass() noexcept {
+    static const WindowClass windowClass("nuxWebBrowserInbox", 0, nullptr);
+    return windowClass;
+}
 
 SRWLOCK inboxesLock = SRWLOCK_INIT;
 std::map<DWORD, std::weak_ptr<Inbox>> inboxes;
@@ -45,7 +49,7 @@ Inbox::Inbox() {
     slot_->arrived_ = UniqueKernelHandle(CreateEventA(nullptr, FALSE, FALSE, nullptr));
     if (!slot_->arrived_)
         throw HResultError(LastFailure());
-    Create(inboxClass, HWND_MESSAGE, RECT{}, 0);
+    Create(InboxClass(), HWND_MESSAGE, RECT{}, 0);
     slot_->window_ = handle_;
 }
 

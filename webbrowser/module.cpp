@@ -1,20 +1,35 @@
-// The functions through which COM reaches the module.
+// The four functions through which COM and the registering programs reach the module.
 
 #include "framework/Module.h"
+
+#include "framework/ClassFactory.h"
+#include "framework/ErrorInfo.h"
 #include "framework/TypeLibrary.h"
 #include "webbrowser/Browser.h"
+#include "webbrowser/ServerReplacement.h"
+#include "webbrowser/WebBrowser.h"
+
+namespace {
+
+/// As it is registered.
+std::wstring ClassText() {
+    wchar_t text[64] = L"";
+    StringFromGUID2(CLSID_WebBrowser, text, sizeof text / sizeof *text);
+    return text;
+}
+
+}  // namespace
 
 BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH)
+    if (reason == DLL_PROCESS_ATTACH) {
         nux::SetThisModule(module);
+        nux::SetErrorSource(L"Shell.Explorer.2");
+    }
     return TRUE;
 }
 
-STDAPI DllGetClassObject(REFCLSID, REFIID, LPVOID* object) {
-    if (!object)
-        return E_POINTER;
-    *object = nullptr;
-    return CLASS_E_CLASSNOTAVAILABLE;
+STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
+    return nux::GetClassObject<nux::webbrowser::WebBrowser>(CLSID_WebBrowser, classId, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {
@@ -24,4 +39,12 @@ STDAPI DllCanUnloadNow() {
     nux::webbrowser::Browser::End();
     nux::ReleaseTypeInfos();
     return S_OK;
+}
+
+STDAPI DllRegisterServer() {
+    return nux::Guarded([] { return nux::webbrowser::TakeServerPlace(ClassText(), nux::ThisModulePath()); });
+}
+
+STDAPI DllUnregisterServer() {
+    return nux::Guarded([] { return nux::webbrowser::GiveServerPlaceBack(ClassText()); });
 }
