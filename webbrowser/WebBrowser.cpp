@@ -96,7 +96,7 @@ void WebBrowser::ClosePage() noexcept {
     view_.SetPicture(nullptr);
     view_.SetNotice({});
     frames_.clear();
-    isLost_ = isAnnounced_ = isRefreshing_ = isDownloading_ = false;
+    hasDocument_ = isLost_ = isAnnounced_ = isRefreshing_ = isDownloading_ = false;
     if (Handle())
         InvalidateRect(Handle(), nullptr, FALSE);
 }
@@ -445,6 +445,7 @@ void WebBrowser::Navigated(const std::wstring& address, bool isTop) {
         return;
     }
     frames_.clear();
+    hasDocument_ = true;
     if (isRefreshing_)
         return;
     // A document that needs no file, such as about:blank, comes without having been asked for.

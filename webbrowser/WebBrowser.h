@@ -83,7 +83,7 @@ public:
     STDMETHODIMP put_Height(LONG Height) override;
     /// The title, or the address of a document without one.
     STDMETHODIMP get_LocationName(BSTR* LocationName) override;
-    /// Empty before the first navigation.
+    /// Empty before the first document is there.
     STDMETHODIMP get_LocationURL(BSTR* LocationURL) override;
     STDMETHODIMP get_Busy(VARIANT_BOOL* pBool) override;
 
@@ -254,7 +254,8 @@ private:
     std::wstring address_;  ///< of the last navigation that a sink let pass, for loading again
     /// What stands for the frames that are being loaded, by address.
     std::map<std::wstring, ComPtr<IDispatch>> frames_;
-    unsigned closings_ = 0;  ///< of the page: sinks may close it while they are told
+    unsigned closings_ = 0;     ///< of the page: sinks may close it while they are told
+    bool hasDocument_ = false;  ///< a navigation has come to a document
     bool isLost_ = false;
     bool isAnnounced_ = false;    ///< sinks have been asked for the document that comes next
     bool isRefreshing_ = false;   ///< the document that comes next is the same again

@@ -193,15 +193,13 @@ STDMETHODIMP WebBrowser::get_ReadyState(READYSTATE* plReadyState) {
 }
 
 STDMETHODIMP WebBrowser::get_LocationURL(BSTR* LocationURL) {
-    return Operation([&] {
-        const bool isSomewhere = page_ && page_->State() != ReadyState::uninitialized;
-        return GiveText(isSomewhere ? page_->Location() : std::wstring(), LocationURL);
-    });
+    return Operation(
+        [&] { return GiveText(page_ && hasDocument_ ? page_->Location() : std::wstring(), LocationURL); });
 }
 
 STDMETHODIMP WebBrowser::get_LocationName(BSTR* LocationName) {
     return Operation([&] {
-        if (!page_ || page_->State() == ReadyState::uninitialized)
+        if (!page_ || !hasDocument_)
             return GiveText({}, LocationName);
         const std::wstring title = page_->Title();
         return GiveText(title.empty() ? page_->Location() : title, LocationName);

@@ -147,6 +147,8 @@ TEST_F(WebBrowserTest, TellsWhereItIsAndInWhichState) {
     VARIANT_BOOL busy = VARIANT_FALSE;
     EXPECT_EQ(S_OK, browser->get_Busy(&busy));
     EXPECT_EQ(VARIANT_TRUE, busy);
+    EXPECT_EQ(S_OK, browser->get_LocationURL(text.Receive()));
+    EXPECT_EQ(L"", text.View()) << "on the way to the first document";
     Page()->Finish(first);
     browser->get_Busy(&busy);
     EXPECT_EQ(VARIANT_FALSE, busy);
