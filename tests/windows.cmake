@@ -121,8 +121,8 @@ set_tests_properties(module_imports_and_exports language_module_is_data PROPERTI
 nux_layer_tests(host)
 target_link_libraries(host_tests PRIVATE host)
 target_compile_definitions(host_tests PRIVATE NUX_SAMPLE_HOST="Z:$<TARGET_FILE:SampleHostProgram>"
-    NUX_SCRIPTS="Z:${CMAKE_CURRENT_SOURCE_DIR}/host")
-add_dependencies(host_tests SampleHostProgram SampleHost nuxStdPartsAX)
+    NUX_SCRIPTS="Z:${CMAKE_CURRENT_SOURCE_DIR}/host" NUX_WEB_BROWSER="Z:$<TARGET_FILE:nuxWebBrowser>")
+add_dependencies(host_tests nuxWebBrowser SampleHostProgram SampleHost nuxStdPartsAX)
 
 file(GLOB scripts CONFIGURE_DEPENDS scripts/*_test.js scripts/*_test.vbs)
 foreach(script ${scripts})

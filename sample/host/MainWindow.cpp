@@ -1,6 +1,7 @@
 #include "host/MainWindow.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "framework/Icons.h"
 #include "framework/Module.h"
@@ -38,14 +39,26 @@ HWND MakeControl(const char* windowClass, HWND parent, DWORD style, DWORD extend
     return control;
 }
 
-/// A web browser control, or null on a system that has none. Wine 8.0 makes one also where the HTML engine is
-/// missing that it needs for any page: the engine is asked for first.
+/// Whether the class of the browser control is served by the platform itself, and not by one that has taken
+/// its place.
+bool IsBrowserThePlatforms() noexcept {
+    wchar_t server[MAX_PATH] = L"";
+    DWORD size = sizeof server;
+    RegGetValueW(HKEY_CLASSES_ROOT, L"CLSID\\{8856F961-340A-11D0-A96B-00C04FD705A2}\\InprocServer32", nullptr,
+                 RRF_RT_REG_SZ, nullptr, server, &size);
+    std::wstring_view name(server);
+    name.remove_prefix(name.find_last_of(L'\\') + 1);
+    return _wcsicmp(name.data(), L"ieframe.dll") == 0;
+}
+
+/// A web browser control, or null on a system that has none. Wine 8.0 makes the platform's also where the
+/// HTML engine is missing that it needs for any page: the engine is asked for first.
 ComPtr<IWebBrowser2> MakeWebBrowser() noexcept {
     static constexpr CLSID htmlDocument{
         0x25336920, 0x03f9, 0x11cf, {0x8f, 0xd0, 0x00, 0xaa, 0x00, 0x68, 0x6f, 0x13}};
     ComPtr<IUnknown> engine;
     ComPtr<IWebBrowser2> browser;
-    if (SUCCEEDED(CreateObject(htmlDocument, engine)))
+    if (!IsBrowserThePlatforms() || SUCCEEDED(CreateObject(htmlDocument, engine)))
         CreateObject(CLSID_WebBrowser, browser);
     return browser;
 }
