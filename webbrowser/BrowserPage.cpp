@@ -396,6 +396,8 @@ void BrowserPage::OnStopped() {
     const std::shared_ptr<Page> self = shared_from_this();
     const bool isComplete = std::exchange(isLoadFired_, false);
     isLoading_ = false;
+    // Again: the page tells of a document before the browser has put it into the history.
+    AskHistory();
     SetState(ReadyState::complete);
     if (listener_ && isComplete)
         listener_->Loaded(location_, true);

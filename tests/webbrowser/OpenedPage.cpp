@@ -19,22 +19,6 @@ OpenedPage::~OpenedPage() {
         page->Close();
 }
 
-bool OpenedPage::Await(const std::function<bool()>& isSo) const {
-    const ULONGLONG deadline = GetTickCount64() + 20000;
-    while (!isSo()) {
-        if (GetTickCount64() > deadline)
-            return false;
-        MSG message;
-        while (!isSo() && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-        if (!isSo())
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-    }
-    return true;
-}
-
 void OpenedPage::Show(const std::string& html, const std::string& name) {
     Load(Widen(folder.Write(name, html), CP_ACP));
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "framework/ComPtr.h"
+#include "tests/support/Await.h"
 #include "tests/support/TempFolder.h"
 #include "webbrowser/Page.h"
 #include "webbrowser/PageListener.h"
@@ -20,8 +21,7 @@ public:
     Page& operator*() const { return *page; }
     Page* operator->() const { return page.get(); }
 
-    /// Serves messages until `isSo`, at most for twenty seconds. @return whether it came to be so
-    bool Await(const std::function<bool()>& isSo) const;
+    bool Await(const std::function<bool()>& isSo) const { return nux::Await(isSo); }
     /// Writes a document, shows it and waits until it is loaded.
     void Show(const std::string& html, const std::string& name = "page.htm");
     /// Shows an address and waits until something is loaded.
