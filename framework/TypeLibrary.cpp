@@ -1,14 +1,14 @@
 #include "framework/TypeLibrary.h"
 
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
-#include <vector>
 
+#include "framework/Lock.h"
 #include "framework/Module.h"
-#include "framework/ProcessWide.h"
 #include "framework/Variant.h"
 
 namespace nux {
@@ -25,31 +25,40 @@ struct KnownType {
     /// Of the names asked so far, as they were spelled. A script asks at each call, and the type description
     /// compares with name after name.
     std::unordered_map<std::wstring, DISPID, NameHash, std::equal_to<>> members;
+    SRWLOCK membersLock = SRWLOCK_INIT;
+    KnownType* next = nullptr;
 };
 
 /// A type has about 50 names; who spells them in ever new ways gets no more of them kept.
 constexpr std::size_t mostMembers = 200;
 
-using KnownTypes = std::vector<KnownType>;
+/// A list that only grows while there are objects: every call of every apartment looks here, without a lock.
+std::atomic<KnownType*> known{nullptr};
+SRWLOCK growing = SRWLOCK_INIT;
 
-KnownTypes& Known() noexcept {
-    static ProcessWide<KnownTypes> known;
-    return known.Get();
+KnownType* FindType(REFGUID guid) noexcept {
+    KnownType* type = known.load(std::memory_order_acquire);
+    while (type && type->id != guid)
+        type = type->next;
+    return type;
 }
 
 KnownType& TypeOf(REFGUID guid, const RegisteredLibrary* registered) {
-    KnownTypes& known = Known();
-    for (KnownType& type : known) {
-        if (type.id == guid)
-            return type;
-    }
+    if (KnownType* const type = FindType(guid))
+        return *type;
+    Lock lock(growing);
+    if (KnownType* const type = FindType(guid))
+        return *type;
     ComPtr<ITypeLib> library;
     ThrowIfFailed(registered ? LoadRegTypeLib(registered->id, registered->major, registered->minor,
                                               LOCALE_NEUTRAL, library.Receive())
                              : LoadTypeLibEx(ThisModulePath().c_str(), REGKIND_NONE, library.Receive()));
-    KnownType type{guid, {}, {}};
-    ThrowIfFailed(library->GetTypeInfoOfGuid(guid, type.typeInfo.Receive()));
-    return known.emplace_back(std::move(type));
+    auto type = std::make_unique<KnownType>();
+    type->id = guid;
+    ThrowIfFailed(library->GetTypeInfoOfGuid(guid, type->typeInfo.Receive()));
+    type->next = known.load(std::memory_order_relaxed);
+    known.store(type.get(), std::memory_order_release);
+    return *type.release();
 }
 
 /// Whether the member is a property without arguments of its own.
@@ -85,14 +94,18 @@ HRESULT FindMembers(REFGUID guid, LPOLESTR* names, UINT count, DISPID* ids,
     KnownType& type = TypeOf(guid, library);
     const bool isMemberAlone = count == 1 && names[0];
     if (isMemberAlone) {
+        SharedLock lock(type.membersLock);
         if (const auto found = type.members.find(std::wstring_view(names[0])); found != type.members.end()) {
             ids[0] = found->second;
             return S_OK;
         }
     }
     const HRESULT result = type.typeInfo->GetIDsOfNames(names, count, ids);
-    if (result == S_OK && isMemberAlone && type.members.size() < mostMembers)
-        type.members.emplace(names[0], ids[0]);
+    if (result == S_OK && isMemberAlone) {
+        Lock lock(type.membersLock);
+        if (type.members.size() < mostMembers)
+            type.members.emplace(names[0], ids[0]);
+    }
     return result;
 }
 
@@ -119,7 +132,9 @@ HRESULT InvokeMember(ITypeInfo* type, IDispatch* self, DISPID id, LCID locale, W
 }
 
 void ReleaseTypeInfos() noexcept {
-    KnownTypes().swap(Known());
+    std::unique_ptr<KnownType> type(known.exchange(nullptr));
+    while (type)
+        type.reset(type->next);
 }
 
 }  // namespace nux

@@ -19,7 +19,8 @@ struct RegisteredLibrary {
 /// Type description of an interface or class, from the type library inside this module or from a registered
 /// one. It is loaded at first use and kept, as loading costs far more than a call through it.
 /// @param library  null for this module's own
-/// Throws HResultError if the library isn't there or holds no description of `guid`.
+/// Throws HResultError if the library isn't there or holds no description of `guid`. May be called by several
+/// threads, as FindMembers may.
 ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid, const RegisteredLibrary* library = nullptr);
 
 /// IDispatch::GetIDsOfNames by the type description of `guid`.
@@ -36,7 +37,8 @@ HRESULT FindMembers(REFGUID guid, LPOLESTR* names, UINT count, DISPID* ids,
 HRESULT InvokeMember(ITypeInfo* type, IDispatch* self, DISPID id, LCID locale, WORD flags,
                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception, UINT* argumentError);
 
-/// Drops the type descriptions that are kept. Called when the module may be unloaded.
+/// Drops the type descriptions that are kept. Called when the module may be unloaded, so that no other thread
+/// asks for one.
 void ReleaseTypeInfos() noexcept;
 
 }  // namespace nux

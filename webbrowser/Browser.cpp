@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "framework/HResult.h"
-#include "webbrowser/Lock.h"
+#include "framework/Lock.h"
 #include "webbrowser/Utf.h"
 
 namespace nux::webbrowser {

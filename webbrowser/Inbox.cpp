@@ -5,7 +5,7 @@
 
 #include "framework/DebugOutput.h"
 #include "framework/HResult.h"
-#include "webbrowser/Lock.h"
+#include "framework/Lock.h"
 
 namespace nux::webbrowser {
 namespace {

@@ -7,7 +7,7 @@
 #include "framework/ErrorInfo.h"
 #include "framework/HResult.h"
 #include "webbrowser/HeldObject.h"
-#include "webbrowser/Lock.h"
+#include "framework/Lock.h"
 #include "webbrowser/Page.h"
 #include "webbrowser/Utf.h"
 

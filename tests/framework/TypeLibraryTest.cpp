@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include <atomic>
+#include <latch>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "Sample.h"
 #include "framework/ComObject.h"
@@ -156,6 +160,32 @@ TEST_F(DispatchTest, KeepsATypeDescriptionUntilTheyAreReleased) {
     ReleaseTypeInfos();
     first->AddRef();
     EXPECT_EQ(kept - 1, first->Release());
+}
+
+TEST_F(DispatchTest, SeveralThreadsMayAskForTheFirstTime) {
+    constexpr int threadCount = 8;
+    constexpr int rounds = 25;
+    const RegisteredLibrary standard{IID_StdOle, 2, 0};
+    const GUID types[] = {IID_IFontDisp, IID_IPictureDisp, IID_IFont, IID_IPicture};
+    std::atomic<int> known{0};
+    for (int round = 0; round < rounds; ++round) {
+        ReleaseTypeInfos();
+        std::latch start(threadCount);
+        std::vector<std::thread> threads;
+        for (int i = 0; i < threadCount; ++i) {
+            threads.emplace_back([&, i] {
+                start.arrive_and_wait();
+                for (std::size_t each = 0; each < std::size(types); ++each) {
+                    const GUID& type = types[(each + i) % std::size(types)];
+                    const ComPtr<ITypeInfo> first = TypeInfoOf(type, &standard);
+                    known += first && TypeInfoOf(type, &standard).Get() == first.Get();
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+    }
+    EXPECT_EQ(rounds * threadCount * static_cast<int>(std::size(types)), known);
 }
 
 TEST_F(DispatchTest, FindsMembersInTheDescriptionsOfARegisteredLibrary) {
