@@ -23,6 +23,11 @@ READYSTATE StateOf(IWebBrowser2* browser) {
     return state;
 }
 
+void CALLBACK AcceptQuestion(HWND, UINT, UINT_PTR, DWORD) {
+    if (const HWND box = FindWindowW(L"#32770", L"Message of the page"))
+        PostMessageW(box, WM_COMMAND, IDOK, 0);
+}
+
 class BrowserInContainers : public ContainedBrowser {
 protected:
     BrowserInContainers() : ContainedBrowser(&Page::Open) {}
@@ -203,10 +208,7 @@ TEST_F(BrowserInContainers, AQuestionOfAPageIsShownWithTheContainersWindowsDisab
     Show("<title>start</title>");
     site->calls.clear();
     // The page waits in it, and so does this thread.
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) {
-        if (const HWND box = FindWindowW(L"#32770", L"Message of the page"))
-            PostMessageW(box, WM_COMMAND, IDOK, 0);
-    });
+    const UINT_PTR timer = SetTimer(nullptr, 0, 50, &AcceptQuestion);
     Navigate(L"javascript:setTimeout(() => { document.title = confirm('Sure?') ? 'yes' : 'no'; }, 50)");
     EXPECT_TRUE(Await([&] { return OfDocument(L"title") == L"yes"; }));
     KillTimer(nullptr, timer);

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include "framework/ComObject.h"
 #include "framework/HResult.h"
-#include "framework/Handles.h"
 #include "framework/Text.h"
 #include "tests/webbrowser/ExternalDouble.h"
 #include "tests/webbrowser/OpenedPage.h"
@@ -224,40 +226,36 @@ TEST_F(ExternalTest, BelongsToTheThreadOfItsPage) {
     external->methods[L"Thread"] = [](const Arguments&) {
         return Number(static_cast<LONG>(GetCurrentThreadId()));
     };
-    struct Other {
-        LONG asked = 0;
-        LONG own = 0;
-    } other;
-    const UniqueKernelHandle thread(CreateThread(
-        nullptr, 0,
-        [](void* argument) -> DWORD {
-            auto& result = *static_cast<Other*>(argument);
-            OleInitialize(nullptr);
-            {
-                OpenedPage second;
-                const auto object = MakeObject<ExternalDouble>();
-                object->methods[L"Thread"] = [](const Arguments&) {
-                    return Number(static_cast<LONG>(GetCurrentThreadId()));
-                };
-                second.external = object;
-                second.Show("<p>");
-                for (int i = 0; i < 100; ++i)
-                    result.asked = second->Execute(L"external.Thread()").Number();
-                result.own = static_cast<LONG>(GetCurrentThreadId());
-            }
-            OleUninitialize();
-            return 0;
-        },
-        &other, 0, nullptr));
+    LONG asked = 0;
+    LONG own = 0;
+    std::atomic<bool> isDone{false};
+    std::thread other([&] {
+        OleInitialize(nullptr);
+        {
+            OpenedPage second;
+            const auto object = MakeObject<ExternalDouble>();
+            object->methods[L"Thread"] = [](const Arguments&) {
+                return Number(static_cast<LONG>(GetCurrentThreadId()));
+            };
+            second.external = object;
+            second.Show("<p>");
+            for (int i = 0; i < 100; ++i)
+                asked = second->Execute(L"external.Thread()").Number();
+            own = static_cast<LONG>(GetCurrentThreadId());
+        }
+        OleUninitialize();
+        isDone = true;
+    });
     int calls = 0;
     EXPECT_TRUE(page.Await([&] {
         ++calls;
         EXPECT_EQ(static_cast<LONG>(GetCurrentThreadId()), page->Execute(L"external.Thread()").Number());
-        return WaitForSingleObject(thread.Get(), 0) == WAIT_OBJECT_0;
+        return isDone.load();
     }));
+    other.join();
     EXPECT_LT(10, calls);
-    EXPECT_NE(0, other.own);
-    EXPECT_EQ(other.own, other.asked);
+    EXPECT_NE(0, own);
+    EXPECT_EQ(own, asked);
 }
 
 TEST_F(ExternalTest, MayOpenAndUseAnotherPageWhileAPageWaits) {
