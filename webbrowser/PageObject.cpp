@@ -6,8 +6,8 @@
 #include "framework/ComObject.h"
 #include "framework/ErrorInfo.h"
 #include "framework/HResult.h"
-#include "webbrowser/HeldObject.h"
 #include "framework/Lock.h"
+#include "webbrowser/HeldObject.h"
 #include "webbrowser/Page.h"
 #include "webbrowser/Utf.h"
 
