@@ -84,12 +84,12 @@ void BrowserEvents::Ask(REFIID iid, DISPID id, std::span<const VARIANT> argument
 void BrowserEvents::Tell(REFIID iid, DISPID id, std::vector<Variant> arguments) {
     if (frozen_ > 0) {
         const auto kept = std::make_shared<std::vector<Variant>>(std::move(arguments));
-        waiting_.push_back([this, &iid, id, kept] { Tell(iid, id, std::move(*kept)); });
+        waiting_.emplace_back([this, &iid, id, kept] { Tell(iid, id, std::move(*kept)); });
         return;
     }
-    std::vector<VARIANT> plain;
-    for (const Variant& argument : arguments)
-        plain.push_back(argument.Get());
+    std::vector<VARIANT> plain(arguments.size());
+    std::transform(arguments.begin(), arguments.end(), plain.begin(),
+                   [](const Variant& argument) { return argument.Get(); });
     Ask(iid, id, plain);
 }
 

@@ -81,7 +81,7 @@ std::shared_ptr<Page> WebBrowser::OpenedPage() {
         opened->Close();  // one that was opened for a call that came meanwhile is shown
     else
         page_ = std::move(opened);
-    const std::shared_ptr<Page> page = page_;
+    std::shared_ptr<Page> page = page_;
     page->Resize(ViewSize());
     page->SetVisible(Handle() && IsWindowVisible(Handle()));
     if (Handle() && GetFocus() == Handle())
