@@ -469,6 +469,8 @@ void BrowserPage::Lose(PageLoss loss) {
     const std::shared_ptr<Page> self = shared_from_this();
     isCrashed_ = true;
     isLoading_ = false;
+    clipboardWrites_ = 0;
+    waitingKeys_.clear();
     if (loss == PageLoss::browserEnded)
         session_.isOpen = false;
     bridge_->Disconnect();

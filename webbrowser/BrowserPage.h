@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "framework/Module.h"
 #include "webbrowser/Page.h"
@@ -53,6 +54,7 @@ public:
     void Mouse(UINT message, WPARAM wParam, POINT at) override;
     void Key(UINT message, WPARAM wParam, LPARAM lParam) override;
     void InsertText(std::wstring_view text) override;
+    void SetClipboardText(std::wstring_view text) override;
     void ChooseInList(const PageReference& element, int entry) override;
     void SetFocus(bool focused) override;
     void TabInto(bool forward) override;
@@ -85,6 +87,7 @@ private:
     void Fail(const std::string& url, bool isTop, HRESULT status);
     ScriptBridge& Bridge() const;
     bool GoBy(int steps);
+    void SendKey(Json key);
 
     PageListener* listener_;
     LiveObject alive_;
@@ -106,8 +109,10 @@ private:
     bool isCrashed_ = false;
     bool canGoBack_ = false;
     bool canGoForward_ = false;
-    int clicks_ = 1;         ///< of the button that is down
-    wchar_t firstHalf_ = 0;  ///< of a character that comes in two messages
+    int clicks_ = 1;                 ///< of the button that is down
+    wchar_t firstHalf_ = 0;          ///< of a character that comes in two messages
+    int clipboardWrites_ = 0;        ///< that are under way
+    std::vector<Json> waitingKeys_;  ///< for the end of them
 };
 
 }  // namespace nux::webbrowser

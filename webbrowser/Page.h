@@ -98,6 +98,8 @@ public:
     virtual void Key(UINT message, WPARAM wParam, LPARAM lParam) = 0;
     /// Writes text where the focus is, in the place of what is selected: what pasting the clipboard does.
     virtual void InsertText(std::wstring_view text) = 0;
+    /// What the page's own paste takes from now on: each browser has a clipboard of its own.
+    virtual void SetClipboardText(std::wstring_view text) = 0;
     /// Selects an entry of an element `select`, as the user does.
     virtual void ChooseInList(const PageReference& element, int entry) = 0;
     virtual void SetFocus(bool focused) = 0;

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "webbrowser/BrowserPage.h"
 #include "webbrowser/KeyNames.h"
@@ -110,28 +111,52 @@ void BrowserPage::Key(UINT message, WPARAM wParam, LPARAM lParam) {
         // Keys without a character have done all that they do.
         if (message == WM_SYSCHAR || (unit < L' ' && unit != L'\r') || unit == 0x7f)
             return;
-        session_.Send("Input.dispatchKeyEvent",
-                      {{"type", "char"}, {"text", ToUtf8(text)}, {"modifiers", Modifiers()}});
+        SendKey({{"type", "char"}, {"text", ToUtf8(text)}, {"modifiers", Modifiers()}});
         return;
     }
     const bool isDown = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
     const bool isExtended = (HIWORD(lParam) & KF_EXTENDED) != 0;
     const KeyName name = KeyNameOf(static_cast<unsigned>(wParam), isExtended);
-    session_.Send("Input.dispatchKeyEvent",
-                  {{"type", isDown ? "rawKeyDown" : "keyUp"},
-                   {"windowsVirtualKeyCode", static_cast<int>(wParam)},
-                   {"nativeVirtualKeyCode", static_cast<int>(wParam)},
-                   {"code", name.code},
-                   {"key", name.key.empty() ? CharacterOf(wParam) : name.key},
-                   {"location", name.location == 3 ? 0 : name.location},
-                   {"isKeypad", name.location == 3},
-                   {"isSystemKey", message == WM_SYSKEYDOWN || message == WM_SYSKEYUP},
-                   {"autoRepeat", isDown && (HIWORD(lParam) & KF_REPEAT) != 0},
-                   {"modifiers", Modifiers()}});
+    SendKey({{"type", isDown ? "rawKeyDown" : "keyUp"},
+             {"windowsVirtualKeyCode", static_cast<int>(wParam)},
+             {"nativeVirtualKeyCode", static_cast<int>(wParam)},
+             {"code", name.code},
+             {"key", name.key.empty() ? CharacterOf(wParam) : name.key},
+             {"location", name.location == 3 ? 0 : name.location},
+             {"isKeypad", name.location == 3},
+             {"isSystemKey", message == WM_SYSKEYDOWN || message == WM_SYSKEYUP},
+             {"autoRepeat", isDown && (HIWORD(lParam) & KF_REPEAT) != 0},
+             {"modifiers", Modifiers()}});
+}
+
+void BrowserPage::SendKey(Json key) {
+    if (clipboardWrites_ > 0)
+        waitingKeys_.push_back(std::move(key));
+    else
+        session_.Send("Input.dispatchKeyEvent", key);
 }
 
 void BrowserPage::InsertText(std::wstring_view text) {
     session_.Send("Input.insertText", {{"text", ToUtf8(text)}});
+}
+
+void BrowserPage::SetClipboardText(std::wstring_view text) {
+    if (!session_.isOpen || isCrashed_)
+        return;
+    // Keys reach the page by another way than commands: those that come later wait.
+    ++clipboardWrites_;
+    const std::weak_ptr<Page> weak = shared_from_this();
+    // Only what a user does may write there, so it is said to be the user's doing.
+    session_.Ask(
+        "Runtime.evaluate",
+        {{"expression", "__nuxPage.setClipboard(" + Json(ToUtf8(text)).dump() + ")"}, {"userGesture", true}},
+        [this, weak](const ChannelMessage&) {
+            const std::shared_ptr<Page> page = weak.lock();
+            if (!page || clipboardWrites_ == 0 || --clipboardWrites_ > 0)
+                return;
+            for (Json& key : std::exchange(waitingKeys_, {}))
+                SendKey(std::move(key));
+        });
 }
 
 void BrowserPage::ChooseInList(const PageReference& element, int entry) {

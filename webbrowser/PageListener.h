@@ -10,6 +10,7 @@
 
 #include "framework/ComPtr.h"
 #include "framework/Variant.h"
+#include "webbrowser/ListSelection.h"
 #include "webbrowser/PageReference.h"
 #include "webbrowser/Picture.h"
 
@@ -33,14 +34,10 @@ struct PageDialogAnswer {
 
 /// The list of an element `select` that the user wants to see. The page shows none.
 struct PageList {
-    struct Entry {
-        std::wstring text;
-        bool isEnabled = true;
-    };
     PageReference element;  ///< to be given to Page::ChooseInList
     RECT place{};           ///< of the element, in client pixels
     int selected = -1;      ///< index of the entry
-    std::vector<Entry> entries;
+    std::vector<ListEntry> entries;
 };
 
 /// Why a page is no longer there.

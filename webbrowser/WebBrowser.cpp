@@ -2,8 +2,6 @@
 
 #include "webbrowser/WebBrowser.h"
 
-#include <windowsx.h>
-
 #include <exdispid.h>
 #include <urlmon.h>
 
@@ -91,6 +89,7 @@ std::shared_ptr<Page> WebBrowser::OpenedPage() {
 
 void WebBrowser::ClosePage() noexcept {
     ++closings_;
+    CloseList();
     if (const std::shared_ptr<Page> page = std::move(page_))
         page->Close();
     view_.SetPicture(nullptr);
@@ -275,15 +274,21 @@ LRESULT WebBrowser::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             break;
         case WM_DESTROY:
+            CloseList();
             view_.DestroyToolTip();
             if (page)
                 page->SetVisible(false);
             break;
         case WM_SHOWWINDOW:
+            CloseList();
             if (page)
                 page->SetVisible(wParam != FALSE);
             break;
+        case WM_MOVE:
+            CloseList();
+            break;
         case WM_SIZE:
+            CloseList();
             if (page && wParam != SIZE_MINIMIZED)
                 page->Resize(ViewSize());
             break;
@@ -322,19 +327,12 @@ LRESULT WebBrowser::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SYSKEYDOWN:
         case WM_SYSKEYUP:
         case WM_SYSCHAR:
-            if (page)
-                page->Key(message, wParam, lParam);
+            OnKey(message, wParam, lParam);
             break;  // the menu of the window, and its end
         case WM_KEYDOWN:
-            if (view_.HasNotice() && (wParam == VK_RETURN || wParam == VK_F5)) {
-                Refresh();
-                return 0;
-            }
-            [[fallthrough]];
         case WM_KEYUP:
         case WM_CHAR:
-            if (page)
-                page->Key(message, wParam, lParam);
+            OnKey(message, wParam, lParam);
             return 0;
         case WM_MOUSEMOVE:
         case WM_MOUSELEAVE:
@@ -355,57 +353,6 @@ LRESULT WebBrowser::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
     }
     return Default(message, wParam, lParam);
-}
-
-void WebBrowser::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
-    POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-    switch (message) {
-        case WM_MOUSEWHEEL:
-        case WM_MOUSEHWHEEL:
-            ScreenToClient(Handle(), &at);
-            break;
-        case WM_MOUSELEAVE:
-            isTracking_ = false;
-            break;
-        case WM_LBUTTONDOWN:
-        case WM_RBUTTONDOWN:
-        case WM_MBUTTONDOWN:
-            if (GetFocus() != Handle())
-                ::SetFocus(Handle());
-            SetCapture(Handle());
-            break;
-        case WM_LBUTTONUP:
-        case WM_RBUTTONUP:
-        case WM_MBUTTONUP:
-            if ((wParam & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON)) == 0 && GetCapture() == Handle())
-                ReleaseCapture();
-            if (message == WM_LBUTTONUP && view_.HasNotice()) {
-                Refresh();
-                return;
-            }
-            break;
-        default:
-            break;
-    }
-    if (message == WM_MOUSEMOVE && !isTracking_) {
-        TRACKMOUSEEVENT tracking{sizeof tracking, TME_LEAVE, Handle(), 0};
-        isTracking_ = TrackMouseEvent(&tracking) != FALSE;
-    }
-    if (const std::shared_ptr<Page> page = page_)
-        page->Mouse(message, wParam, at);
-}
-
-void WebBrowser::OnFocus(bool focused) {
-    const std::shared_ptr<Page> page = page_;
-    if (page)
-        page->SetFocus(focused);
-    if (page && focused && GetKeyState(VK_TAB) < 0)
-        page->TabInto(GetKeyState(VK_SHIFT) >= 0);
-    const ComPtr<IOleClientSite> site = site_;
-    if (const ComPtr<IOleControlSite> controlSite = site.As<IOleControlSite>())
-        controlSite->OnFocus(focused);
-    if (focused && InPlaceSite() && !HasUserInterface())
-        DoVerb(OLEIVERB_UIACTIVATE, nullptr, site.Get(), 0, GetParent(Handle()), nullptr);
 }
 
 // What the page tells
@@ -444,6 +391,7 @@ void WebBrowser::Navigated(const std::wstring& address, bool isTop) {
         NavigateComplete(frame.Get(), address);
         return;
     }
+    CloseList();
     frames_.clear();
     hasDocument_ = true;
     if (isRefreshing_)
@@ -581,6 +529,7 @@ void WebBrowser::TabbedOut(bool forward) {
 
 void WebBrowser::Lost(PageLoss loss) {
     const ComPtr<IOleObject> self = Held();
+    CloseList();
     ShowNotice(ControlText(loss == PageLoss::browserEnded ? IDS_BROWSER_ENDED : IDS_PAGE_ENDED));
     isAnnounced_ = isRefreshing_ = false;
     EndDownload();

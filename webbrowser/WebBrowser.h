@@ -15,6 +15,7 @@
 #include "framework/OleControl.h"
 #include "webbrowser/BrowserEvents.h"
 #include "webbrowser/DocumentHost.h"
+#include "webbrowser/ListWindow.h"
 #include "webbrowser/Page.h"
 #include "webbrowser/PageView.h"
 
@@ -210,8 +211,13 @@ private:
 
     // Its window
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    // WebBrowserInput.cpp
+    void OnKey(UINT message, WPARAM wParam, LPARAM lParam);
     void OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
     void OnFocus(bool focused);
+    void CloseList() noexcept;
+    void ListEnded(int entry);
+
     void UpdateBorder() noexcept;
     PixelSize ViewSize() const noexcept;
 
@@ -242,6 +248,8 @@ private:
     void ToolTipChanged(const std::wstring& text) override;
     void TabbedOut(bool forward) override;
     void ContextMenu(POINT at, const PageReference& element) override;
+    void ListOpened(const PageList& list) override;
+    void Copied(const std::wstring& text) override;
     void Lost(PageLoss loss) override;
 
     IDispatch* FrameOf(const std::wstring& address);
@@ -249,6 +257,9 @@ private:
     const PageOpener openPage_;
     std::shared_ptr<Page> page_;
     PageView view_;
+    ListWindow list_{[this](int entry) { ListEnded(entry); }};
+    PageReference listElement_;  ///< whose list is open
+    bool isKeyOfList_ = false;   ///< the last key went down for it
     HCURSOR cursor_;
     ComPtr<IUnknown> objectSite_;
     std::wstring address_;  ///< of the last navigation that a sink let pass, for loading again

@@ -1,4 +1,4 @@
-// Commands to the page: of containers, of keys and of the context menu; and the questions that a page asks.
+// Commands to the page, of containers and of the context menu; and the questions that a page asks.
 
 #include <mshtmcid.h>
 
@@ -6,6 +6,7 @@
 
 #include "framework/Handles.h"
 #include "framework/Text.h"
+#include "webbrowser/Clipboard.h"
 #include "webbrowser/ControlText.h"
 #include "webbrowser/PromptDialog.h"
 #include "webbrowser/WebBrowser.h"
@@ -35,31 +36,6 @@ const char* ScriptOf(DWORD command) noexcept {
             return known.script;
     }
     return nullptr;
-}
-
-class OpenClipboardOf {
-public:
-    explicit OpenClipboardOf(HWND window) noexcept : isOpen_(OpenClipboard(window) != FALSE) {}
-    OpenClipboardOf(const OpenClipboardOf&) = delete;
-    OpenClipboardOf& operator=(const OpenClipboardOf&) = delete;
-    ~OpenClipboardOf() {
-        if (isOpen_)
-            CloseClipboard();
-    }
-    explicit operator bool() const noexcept { return isOpen_; }
-
-private:
-    bool isOpen_;
-};
-
-std::wstring ClipboardText(HWND window) {
-    const OpenClipboardOf clipboard(window);
-    const HANDLE memory = clipboard ? GetClipboardData(CF_UNICODETEXT) : nullptr;
-    const auto* const text = memory ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
-    std::wstring copy = text ? text : L"";
-    if (text)
-        GlobalUnlock(memory);
-    return copy;
 }
 
 /// What the platform calls the kind of element under the pointer.
@@ -136,77 +112,6 @@ STDMETHODIMP WebBrowser::QueryStatusWB(OLECMDID cmdID, OLECMDF* pcmdf) {
 
 STDMETHODIMP WebBrowser::ExecWB(OLECMDID cmdID, OLECMDEXECOPT cmdexecopt, VARIANT* pvaIn, VARIANT* pvaOut) {
     return Exec(nullptr, cmdID, cmdexecopt, pvaIn, pvaOut);
-}
-
-// Keys
-
-bool WebBrowser::TakesAccelerator(const MSG& message) {
-    if (message.message == WM_KEYDOWN && message.wParam == VK_F5) {
-        Variant level;
-        level.SetNumber(GetKeyState(VK_CONTROL) < 0 ? REFRESH_COMPLETELY : REFRESH_NORMAL);
-        Refresh2(const_cast<VARIANT*>(&level.Get()));
-        return true;
-    }
-    if (message.message != WM_SYSKEYDOWN || GetKeyState(VK_MENU) >= 0)
-        return false;
-    if (message.wParam == VK_LEFT)
-        return SUCCEEDED(GoBack());
-    return message.wParam == VK_RIGHT && SUCCEEDED(GoForward());
-}
-
-STDMETHODIMP WebBrowser::TranslateAccelerator(LPMSG message) {
-    if (!message)
-        return E_POINTER;
-    const ComPtr<IOleObject> self = Held();
-    if (message->message < WM_KEYFIRST || message->message > WM_KEYLAST)
-        return S_FALSE;
-    if (Host().TakesKey(*message))
-        return S_OK;
-    if (!page_ || message->hwnd != Handle())
-        return S_FALSE;
-    if (TakesAccelerator(*message))
-        return S_OK;
-    if (message->message != WM_KEYDOWN)
-        return S_FALSE;
-    // What containers would take for themselves is the page's while it has the focus.
-    switch (message->wParam) {
-        case VK_TAB:
-        case VK_RETURN:
-        case VK_BACK:
-        case VK_DELETE:
-        case VK_LEFT:
-        case VK_RIGHT:
-        case VK_UP:
-        case VK_DOWN:
-        case VK_HOME:
-        case VK_END:
-        case VK_PRIOR:
-        case VK_NEXT:
-            break;
-        default:
-            if (GetKeyState(VK_CONTROL) >= 0 || !wcschr(L"ACVXYZ", static_cast<wchar_t>(message->wParam)))
-                return S_FALSE;
-    }
-    ::TranslateMessage(message);
-    DispatchMessageW(message);
-    return S_OK;
-}
-
-void WebBrowser::MoveFocus(bool forward) {
-    MSG message{};
-    message.hwnd = Handle();
-    message.message = WM_KEYDOWN;
-    message.wParam = VK_TAB;
-    constexpr DWORD shift = 1;  // of KEYMODIFIERS
-    const ComPtr<IOleControlSite> site = site_.As<IOleControlSite>();
-    if (site && site->TranslateAccelerator(&message, forward ? 0 : shift) == S_OK)
-        return;
-    const HWND next =
-        Handle() ? GetNextDlgTabItem(GetAncestor(Handle(), GA_ROOT), Handle(), !forward) : nullptr;
-    if (next && next != Handle())
-        ::SetFocus(next);
-    else if (const std::shared_ptr<Page> page = page_)
-        page->TabInto(forward);
 }
 
 // The context menu

@@ -531,6 +531,25 @@
         };
         window.addEventListener('copy', tell);
         window.addEventListener('cut', tell);
+
+        // The browser's clipboard is written by copying: what the page would copy, and says of it, doesn't count then.
+        let given = null;
+        const give = event => {
+            if (given === null)
+                return;
+            event.clipboardData?.setData('text/plain', given);
+            event.preventDefault();
+            event.stopImmediatePropagation();
+        };
+        window.addEventListener('beforecopy', give, true);
+        window.addEventListener('copy', give, true);
+        if (window === window.top) {
+            page.setClipboard = text => {
+                given = text;
+                document.execCommand('copy');
+                given = null;
+            };
+        }
     }
 
     function watchTab(page) {

@@ -6,56 +6,20 @@
 #include <mshtml.h>
 
 #include "framework/ClassFactory.h"
-#include "framework/DispatchClient.h"
-#include "tests/support/Await.h"
-#include "tests/support/TempFolder.h"
-#include "tests/webbrowser/ContainedBrowser.h"
 #include "tests/webbrowser/ExternalDouble.h"
+#include "tests/webbrowser/ShownBrowser.h"
 
 namespace nux::webbrowser {
 namespace {
 
 using Events = std::vector<std::wstring>;
 
-READYSTATE StateOf(IWebBrowser2* browser) {
-    READYSTATE state = READYSTATE_UNINITIALIZED;
-    browser->get_ReadyState(&state);
-    return state;
-}
-
 void CALLBACK AcceptQuestion(HWND, UINT, UINT_PTR, DWORD) {
     if (const HWND box = FindWindowW(L"#32770", L"Message of the page"))
         PostMessageW(box, WM_COMMAND, IDOK, 0);
 }
 
-class BrowserInContainers : public ContainedBrowser {
-protected:
-    BrowserInContainers() : ContainedBrowser(&Page::Open) {}
-
-    std::wstring Write(const std::string& name, const std::string& html) const {
-        return Widen(folder.Write(name, html), CP_ACP);
-    }
-    bool Happened(const std::wstring& start) const {
-        return std::any_of(sink->events.begin(), sink->events.end(),
-                           [&](const std::wstring& event) { return event.starts_with(start); });
-    }
-    void Show(const std::string& html, const std::string& name = "page.htm") {
-        sink->events.clear();
-        ASSERT_EQ(S_OK, Navigate(Write(name, html).c_str()));
-        ASSERT_TRUE(Await([&] { return Happened(L"DocumentComplete"); }));
-    }
-    /// A property of the document, by name, as text; while another takes its place there may be none.
-    std::wstring OfDocument(const wchar_t* name) {
-        ComPtr<IDispatch> document;
-        EXPECT_EQ(S_OK, browser->get_Document(document.Receive()));
-        Variant value;
-        if (!document || FAILED(GetDispatchProperty(document.Get(), name, &value)))
-            return L"(none)";
-        return value.IsString() ? std::wstring(value.Text(), SysStringLen(value.Text())) : L"(no text)";
-    }
-
-    TempFolder folder;
-};
+using BrowserInContainers = ShownBrowser;
 
 TEST_F(BrowserInContainers, APageIsLoadedInTheDocumentedOrder) {
     Activate();

@@ -95,7 +95,12 @@ public:
     }
     void Key(UINT message, WPARAM, LPARAM) override { input.push_back(message); }
     void InsertText(std::wstring_view text) override { calls.push_back(L"insert " + std::wstring(text)); }
-    void ChooseInList(const PageReference&, int) override { Noted(L"choose"); }
+    void SetClipboardText(std::wstring_view text) override {
+        calls.push_back(L"clipboard " + std::wstring(text));
+    }
+    void ChooseInList(const PageReference&, int entry) override {
+        calls.push_back(L"choose " + std::to_wstring(entry));
+    }
     void SetFocus(bool focused) override { hasFocus = focused; }
     void TabInto(bool forward) override { Noted(forward ? L"tab into" : L"tab into backwards"); }
 
