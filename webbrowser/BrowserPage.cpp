@@ -139,7 +139,7 @@ void BrowserPage::Navigate(std::wstring_view address) {
         session_.inbox->Post({this, false, [this, weak, url = url.url] {
                                   const std::shared_ptr<Page> page = weak.lock();
                                   if (page && hostUrl_ == url)
-                                      Fail(std::exchange(hostUrl_, {}), true, INET_E_RESOURCE_NOT_FOUND);
+                                      FailUnasked(INET_E_RESOURCE_NOT_FOUND);
                               }});
         return;
     }
@@ -149,7 +149,7 @@ void BrowserPage::Navigate(std::wstring_view address) {
                      // What was never requested has failed here; all else is told by the frame.
                      if (page && listener_ && hostUrl_ == url &&
                          (answer.failed || !TextMember(answer.content, "errorText").empty()))
-                         Fail(std::exchange(hostUrl_, {}), true, INET_E_INVALID_URL);
+                         FailUnasked(INET_E_INVALID_URL);
                  });
 }
 
@@ -158,6 +158,17 @@ void BrowserPage::Fail(const std::string& url, bool isTop, HRESULT status) {
         isLoading_ = false;
     if (listener_)
         listener_->NavigationFailed(Shown(url), isTop, status);
+}
+
+/// What the host navigates to can't even be asked for: the document stays, and nothing is loaded any more.
+void BrowserPage::FailUnasked(HRESULT status) {
+    const std::string url = std::exchange(hostUrl_, {});
+    Fail(url, true, status);
+    if (!listener_ || isLoading_)
+        return;
+    SetState(ReadyState::complete);
+    if (listener_ && !isLoading_)
+        listener_->Loaded(Shown(url), true);
 }
 
 bool BrowserPage::GoBy(int steps) {

@@ -85,6 +85,7 @@ private:
     void SetState(ReadyState state);
     void AskHistory();
     void Fail(const std::string& url, bool isTop, HRESULT status);
+    void FailUnasked(HRESULT status);
     ScriptBridge& Bridge() const;
     bool GoBy(int steps);
     void SendKey(Json key);

@@ -13,6 +13,7 @@ class HtmlDocument : public Extends<HtmlObject, AlsoAs<IHTMLDocument2, IHTMLDocu
                                     IOleCommandTarget, IServiceProvider> {
 public:
     using Extends::Extends;
+    void SetServices(const ComPtr<IServiceProvider>& services) { services_ = services; }
 
     // IHTMLDocument
     STDMETHODIMP get_Script(IDispatch** result) override { return Get(L"defaultView", result); }
@@ -222,6 +223,8 @@ public:
 private:
     HRESULT Write(const wchar_t* method, SAFEARRAY* texts);
     HRESULT CreateElement(BSTR tag, IHTMLElement** result);
+
+    ComPtr<IServiceProvider> services_;
 };
 
 HRESULT HtmlDocument::Write(const wchar_t* method, SAFEARRAY* texts) {
@@ -299,7 +302,7 @@ STDMETHODIMP HtmlDocument::QueryService(REFGUID service, REFIID iid, void** obje
         return E_POINTER;
     *object = nullptr;
     if (service != IdOf<IHTMLWindow2>())
-        return E_NOINTERFACE;
+        return services_ ? services_->QueryService(service, iid, object) : E_NOINTERFACE;
     ComPtr<IHTMLWindow2> window;
     const HRESULT result = get_parentWindow(window.Receive());
     return FAILED(result) || !window ? E_NOINTERFACE : window->QueryInterface(iid, object);
@@ -307,8 +310,10 @@ STDMETHODIMP HtmlDocument::QueryService(REFGUID service, REFIID iid, void** obje
 
 }  // namespace
 
-ComPtr<IDispatch> MakeDocument(const PageReference& document) {
-    return MakeHtmlObject<HtmlDocument>(document);
+ComPtr<IDispatch> MakeDocument(const PageReference& document, const ComPtr<IServiceProvider>& services) {
+    const auto made = MakeObject<HtmlDocument>(document);
+    made->SetServices(services);
+    return made->Self();
 }
 
 }  // namespace nux::webbrowser

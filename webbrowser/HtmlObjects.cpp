@@ -4,12 +4,13 @@
 
 namespace nux::webbrowser {
 
-ComPtr<IDispatch> MakeDocumentObject(const PageReference& reference) {
+ComPtr<IDispatch> MakeDocumentObject(const PageReference& reference,
+                                     const ComPtr<IServiceProvider>& services) {
     switch (reference.Kind()) {
         case PageObjectKind::document:
-            return MakeDocument(reference);
+            return MakeDocument(reference, services);
         case PageObjectKind::window:
-            return MakeWindow(reference);
+            return MakeWindow(reference, services);
         case PageObjectKind::element:
             return MakeElement(reference);
         case PageObjectKind::list:

@@ -13,6 +13,7 @@ class HtmlWindow : public Extends<HtmlObject, IHTMLWindow3, AlsoAs<IHTMLWindow2,
                                   IServiceProvider> {
 public:
     using Extends::Extends;
+    void SetServices(const ComPtr<IServiceProvider>& services) { services_ = services; }
 
     // IHTMLFramesCollection2
     STDMETHODIMP item(VARIANT* index, VARIANT* result) override { return Frame(index, result); }
@@ -136,10 +137,14 @@ public:
         if (!object)
             return E_POINTER;
         *object = nullptr;
-        return service == IdOf<IHTMLWindow2>() ? Self()->QueryInterface(iid, object) : E_NOINTERFACE;
+        if (service == IdOf<IHTMLWindow2>())
+            return Self()->QueryInterface(iid, object);
+        return services_ ? services_->QueryService(service, iid, object) : E_NOINTERFACE;
     }
 
 private:
+    ComPtr<IServiceProvider> services_;
+
     HRESULT Frame(const VARIANT* index, VARIANT* result) {
         if (!index)
             return E_POINTER;
@@ -174,8 +179,10 @@ private:
 
 }  // namespace
 
-ComPtr<IDispatch> MakeWindow(const PageReference& window) {
-    return MakeHtmlObject<HtmlWindow>(window);
+ComPtr<IDispatch> MakeWindow(const PageReference& window, const ComPtr<IServiceProvider>& services) {
+    const auto made = MakeObject<HtmlWindow>(window);
+    made->SetServices(services);
+    return made->Self();
 }
 
 }  // namespace nux::webbrowser

@@ -36,11 +36,13 @@ constexpr int hundredthsOfInch = 2540;  // of a millimetre
 WebBrowser::WebBrowser(PageOpener openPage)
     : OleControl(BrowserWindowClass(), identity),
       openPage_(openPage),
+      link_(nux::MakeObject<BrowserLink>(static_cast<IServiceProvider&>(*this))),
       cursor_(LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW))) {
     AddConnectionPoint(DIID_DWebBrowserEvents);
 }
 
 void WebBrowser::OnLastRelease() noexcept {
+    link_->Cut();
     ClosePage();
     ReleaseContainer();
     objectSite_.Reset();
@@ -414,6 +416,7 @@ void WebBrowser::Loaded(const std::wstring& address, bool isTop) {
         return;
     }
     EndDownload();
+    isAnnounced_ = false;
     if (!std::exchange(isRefreshing_, false) && page_)
         DocumentComplete(Self(), address);
 }
@@ -501,7 +504,7 @@ bool WebBrowser::MayMakeObjects(const std::wstring& address) {
 }
 
 ComPtr<IDispatch> WebBrowser::MakeObject(const PageReference& reference) {
-    return MakeDocumentObject(reference);
+    return MakeDocumentObject(reference, ComPtr<IServiceProvider>(link_.Get()));
 }
 
 void WebBrowser::Painted(const std::shared_ptr<const Picture>& picture) {

@@ -11,9 +11,11 @@
 #include <memory>
 #include <string>
 
+#include "framework/ComObject.h"
 #include "framework/Dispatch.h"
 #include "framework/OleControl.h"
 #include "webbrowser/BrowserEvents.h"
+#include "webbrowser/BrowserLink.h"
 #include "webbrowser/DocumentHost.h"
 #include "webbrowser/ListWindow.h"
 #include "webbrowser/Page.h"
@@ -256,6 +258,7 @@ private:
 
     const PageOpener openPage_;
     std::shared_ptr<Page> page_;
+    const ComPtr<ComObject<BrowserLink>> link_;
     PageView view_;
     ListWindow list_{[this](int entry) { ListEnded(entry); }};
     PageReference listElement_;  ///< whose list is open

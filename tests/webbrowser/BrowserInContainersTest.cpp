@@ -64,6 +64,65 @@ TEST_F(BrowserInContainers, AMissingFileIsAnErrorThenAPage) {
     EXPECT_TRUE(Happened(L"NavigateComplete2"));
 }
 
+TEST_F(BrowserInContainers, AnAddressThatLeadsNowhereIsAnErrorAndTheEndOfLoading) {
+    Activate();
+    Show("<title>stays</title>");
+    for (const wchar_t* address : {L"http://example.invalid/", L"nowhere", L"unknown:x"}) {
+        sink->events.clear();
+        EXPECT_EQ(S_OK, Navigate(address));
+        EXPECT_TRUE(Await([&] { return Happened(L"DocumentComplete"); }));
+        EXPECT_TRUE(Happened(L"NavigateError"));
+        VARIANT_BOOL busy = VARIANT_TRUE;
+        EXPECT_EQ(S_OK, browser->get_Busy(&busy));
+        EXPECT_EQ(VARIANT_FALSE, busy);
+        EXPECT_EQ(READYSTATE_COMPLETE, StateOf(browser.Get()));
+        EXPECT_EQ(L"stays", OfDocument(L"title"));
+    }
+    Show("<title>after</title>");
+    EXPECT_EQ(L"after", OfDocument(L"title"));
+}
+
+TEST_F(BrowserInContainers, StopEndsTheLoadingOfAPageThatNeverEnds) {
+    Activate();
+    ASSERT_EQ(S_OK,
+              Navigate(Write("endless.htm", "<title>endless</title><script>for (;;);</script>").c_str()));
+    EXPECT_TRUE(Await([&] { return Happened(L"NavigateComplete2"); }));
+    VARIANT_BOOL busy = VARIANT_FALSE;
+    browser->get_Busy(&busy);
+    EXPECT_EQ(VARIANT_TRUE, busy);
+    EXPECT_EQ(S_OK, browser->Stop());
+    EXPECT_TRUE(Await([&] {
+        browser->get_Busy(&busy);
+        return busy == VARIANT_FALSE;
+    }));
+    EXPECT_EQ(READYSTATE_COMPLETE, StateOf(browser.Get()));
+    EXPECT_EQ(L"endless", OfDocument(L"title"));
+}
+
+TEST_F(BrowserInContainers, ObjectsOfAPageLeadToItsBrowserWhileThereIsOne) {
+    Activate();
+    Show("<p>");
+    ComPtr<IDispatch> document;
+    EXPECT_EQ(S_OK, browser->get_Document(document.Receive()));
+    ComPtr<IHTMLWindow2> window;
+    EXPECT_EQ(S_OK, document.As<IHTMLDocument2>()->get_parentWindow(window.Receive()));
+    for (const ComPtr<IServiceProvider>& provider :
+         {document.As<IServiceProvider>(), window.As<IServiceProvider>()}) {
+        ComPtr<IWebBrowser2> found;
+        ASSERT_TRUE(provider);
+        EXPECT_EQ(S_OK,
+                  provider->QueryService(IdOf<IWebBrowserApp>(), IdOf<IWebBrowser2>(), found.ReceiveVoid()));
+        EXPECT_EQ(browser.Get(), found.Get());
+    }
+    object->SetClientSite(nullptr);
+    object.Reset();
+    browser.Reset();
+    control.Reset();
+    ComPtr<IWebBrowser2> found;
+    EXPECT_EQ(E_NOINTERFACE, document.As<IServiceProvider>()->QueryService(
+                                 IdOf<IWebBrowserApp>(), IdOf<IWebBrowser2>(), found.ReceiveVoid()));
+}
+
 TEST_F(BrowserInContainers, AboutBlankIsADocument) {
     Activate();
     Navigate(L"about:blank");

@@ -5,9 +5,16 @@
 #include <mshtmdid.h>
 #include <mshtmhst.h>
 #include <olectl.h>
+#include <servprov.h>
+#include <urlmon.h>
 
 #include <map>
+#include <optional>
+#include <string>
+#include <vector>
 
+#include "framework/ComObject.h"
+#include "framework/Implements.h"
 #include "framework/InterfaceId.h"
 #include "framework/Variant.h"
 #include "tests/support/ControlSite.h"
@@ -15,7 +22,12 @@
 namespace nux::webbrowser {
 
 /// A container's site that also says how it wants pages to be shown.
-class BrowserSite : public ControlSite, public IDocHostUIHandler, public IOleControlSite, public IDispatch {
+class BrowserSite : public ControlSite,
+                    public IDocHostUIHandler,
+                    public IDocHostShowUI,
+                    public IOleControlSite,
+                    public IServiceProvider,
+                    public IDispatch {
 public:
     using ControlSite::ControlSite;
 
@@ -26,6 +38,24 @@ public:
     HRESULT onKey = S_FALSE;
     std::map<DISPID, LONG> ambient;
     std::wstring translated;  ///< where navigations of a page go; empty for where they are to go
+
+    HRESULT onMessage = S_FALSE;  ///< S_OK: it has shown the page's message itself
+    LRESULT messageAnswer = 0;
+    std::vector<std::wstring> messages;
+    std::optional<DWORD> policy;  ///< of its security manager; none: it has none
+    std::vector<DWORD> actions;   ///< that the security manager was asked for
+
+    // IDocHostShowUI
+    STDMETHODIMP ShowMessage(HWND, LPOLESTR text, LPOLESTR, DWORD, LPOLESTR, DWORD,
+                             LRESULT* answer) override {
+        messages.push_back(text);
+        *answer = messageAnswer;
+        return onMessage;
+    }
+    STDMETHODIMP ShowHelp(HWND, LPOLESTR, UINT, DWORD, POINT, IDispatch*) override { return E_NOTIMPL; }
+
+    // IServiceProvider
+    STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** object) override;
 
     // IDocHostUIHandler
     STDMETHODIMP ShowContextMenu(DWORD kind, POINT*, IUnknown* commands, IDispatch*) override {
@@ -108,10 +138,47 @@ protected:
     void* FindInterface(REFIID iid) noexcept {
         if (iid == IdOf<IDocHostUIHandler>())
             return hasHandler ? static_cast<IDocHostUIHandler*>(this) : nullptr;
+        if (iid == IdOf<IDocHostShowUI>())
+            return static_cast<IDocHostShowUI*>(this);
+        if (iid == IdOf<IServiceProvider>())
+            return static_cast<IServiceProvider*>(this);
         if (iid == IdOf<IOleControlSite>())
             return static_cast<IOleControlSite*>(this);
         return iid == IdOf<IDispatch>() ? static_cast<IDispatch*>(this) : ControlSite::FindInterface(iid);
     }
 };
+
+/// What a site has that decides what pages may do.
+class SecurityManager : public Implements<IInternetSecurityManager> {
+public:
+    explicit SecurityManager(BrowserSite& site) : site_(site) {}
+    virtual ~SecurityManager() = default;
+
+    STDMETHODIMP SetSecuritySite(IInternetSecurityMgrSite*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetSecuritySite(IInternetSecurityMgrSite**) override { return E_NOTIMPL; }
+    STDMETHODIMP MapUrlToZone(LPCWSTR, DWORD*, DWORD) override { return INET_E_DEFAULT_ACTION; }
+    STDMETHODIMP GetSecurityId(LPCWSTR, BYTE*, DWORD*, DWORD_PTR) override { return INET_E_DEFAULT_ACTION; }
+    STDMETHODIMP ProcessUrlAction(LPCWSTR, DWORD action, BYTE* policy, DWORD, BYTE*, DWORD, DWORD,
+                                  DWORD) override {
+        site_.actions.push_back(action);
+        *reinterpret_cast<DWORD*>(policy) = *site_.policy;
+        return S_OK;
+    }
+    STDMETHODIMP QueryCustomPolicy(LPCWSTR, REFGUID, BYTE**, DWORD*, BYTE*, DWORD, DWORD) override {
+        return INET_E_DEFAULT_ACTION;
+    }
+    STDMETHODIMP SetZoneMapping(DWORD, LPCWSTR, DWORD) override { return E_NOTIMPL; }
+    STDMETHODIMP GetZoneMappings(DWORD, IEnumString**, DWORD) override { return E_NOTIMPL; }
+
+private:
+    BrowserSite& site_;
+};
+
+inline STDMETHODIMP BrowserSite::QueryService(REFGUID service, REFIID iid, void** object) {
+    *object = nullptr;
+    if (service != IdOf<IInternetSecurityManager>() || !policy)
+        return E_NOINTERFACE;
+    return MakeObject<SecurityManager>(*this)->QueryInterface(iid, object);
+}
 
 }  // namespace nux::webbrowser
