@@ -64,8 +64,8 @@ nux_windows_test(double_byte_tests environment/DoubleByteTest.cpp)
 set_tests_properties(double_byte_tests PROPERTIES LABELS once ENVIRONMENT "NUX_LOCALE=ja_JP.UTF-8")
 
 # Pages in a real Chromium. The program brings the module's resources along, as the module does.
-nux_layer_tests(webbrowser EXCEPT "/PageEnduranceTest\\.cpp$")
-nux_windows_test(page_endurance_tests webbrowser/PageEnduranceTest.cpp)
+nux_layer_tests(webbrowser EXCEPT "/(Page|Control)EnduranceTest\\.cpp$")
+nux_windows_test(page_endurance_tests webbrowser/PageEnduranceTest.cpp webbrowser/ControlEnduranceTest.cpp)
 set_tests_properties(page_endurance_tests PROPERTIES TIMEOUT 900 LABELS once)
 foreach(program webbrowser_tests page_endurance_tests)
     target_sources(${program} PRIVATE webbrowser/OpenedPage.cpp)

@@ -84,9 +84,10 @@ TEST_F(BrowserInContainers, AnAddressThatLeadsNowhereIsAnErrorAndTheEndOfLoading
 
 TEST_F(BrowserInContainers, StopEndsTheLoadingOfAPageThatNeverEnds) {
     Activate();
-    ASSERT_EQ(S_OK,
-              Navigate(Write("endless.htm", "<title>endless</title><script>for (;;);</script>").c_str()));
-    EXPECT_TRUE(Await([&] { return Happened(L"NavigateComplete2"); }));
+    ASSERT_EQ(S_OK, Navigate(Write("endless.htm",
+                                   "<title>endless</title><script>status = 'runs'; for (;;);</script>")
+                                 .c_str()));
+    EXPECT_TRUE(Await([&] { return Happened(L"StatusTextChange runs"); }));
     VARIANT_BOOL busy = VARIANT_FALSE;
     browser->get_Busy(&busy);
     EXPECT_EQ(VARIANT_TRUE, busy);
@@ -118,6 +119,7 @@ TEST_F(BrowserInContainers, ObjectsOfAPageLeadToItsBrowserWhileThereIsOne) {
     object.Reset();
     browser.Reset();
     control.Reset();
+    sink->source.Reset();
     ComPtr<IWebBrowser2> found;
     EXPECT_EQ(E_NOINTERFACE, document.As<IServiceProvider>()->QueryService(
                                  IdOf<IWebBrowserApp>(), IdOf<IWebBrowser2>(), found.ReceiveVoid()));
