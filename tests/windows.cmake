@@ -72,6 +72,7 @@ foreach(program webbrowser_tests page_endurance_tests)
     target_link_libraries(${program} PRIVATE webbrowser webbrowser_resources)
 endforeach()
 target_sources(webbrowser_tests PRIVATE webbrowser/HtmlPage.cpp)
+target_link_libraries(webbrowser_tests PRIVATE ws2_32)
 target_compile_definitions(webbrowser_tests PRIVATE NUX_WEB_BROWSER="Z:$<TARGET_FILE:nuxWebBrowser>")
 add_dependencies(webbrowser_tests nuxWebBrowser)
 

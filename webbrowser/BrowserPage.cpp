@@ -8,6 +8,7 @@
 #include "webbrowser/CursorName.h"
 #include "webbrowser/PageFile.h"
 #include "webbrowser/PageUrl.h"
+#include "webbrowser/RandomName.h"
 #include "webbrowser/ResourceText.h"
 #include "webbrowser/Utf.h"
 #include "webbrowser/resource.h"
@@ -48,7 +49,7 @@ std::shared_ptr<Page> Page::Open(PageListener& listener, PixelSize size) {
 }
 
 BrowserPage::BrowserPage(PageListener& listener, PixelSize size)
-    : listener_(&listener), painting_(session_, size) {
+    : listener_(&listener), key_(RandomName()), painting_(session_, size) {
     session_.owner = this;
     session_.browser = Browser::Running();
     session_.inbox = Inbox::OfThisThread();
@@ -77,7 +78,8 @@ void BrowserPage::Begin() {
     session_.Send("Runtime.enable");
     session_.Send("Runtime.addBinding", {{"name", "__nuxReport"}});
     session_.Send("Page.addScriptToEvaluateOnNewDocument",
-                  {{"source", ResourceText(IDR_PAGE_SCRIPT)}, {"runImmediately", true}});
+                  {{"source", std::string(ResourceText(IDR_PAGE_SCRIPT)) + "('" + key_ + "')"},
+                   {"runImmediately", true}});
     session_.Send("Fetch.enable", {{"patterns", Json::array({{{"urlPattern", "*"}}})}});
     painting_.Begin();
     // The page's own process takes its commands in this order, but a navigation doesn't wait for it: what it
@@ -312,7 +314,11 @@ void BrowserPage::OnRequest(const Json& request) {
     const Json& asked = ObjectMember(request, "request");
     const std::string url = TextMember(asked, "url");
     if (url == ScriptBridge::endpoint) {
-        bridge_->Serve(TextMember(request, "requestId"), TextMember(asked, "postData"));
+        const std::string body = TextMember(asked, "postData");
+        if (body.starts_with(key_))
+            bridge_->Serve(TextMember(request, "requestId"), std::string_view(body).substr(key_.size()));
+        else
+            Refuse(request, "AccessDenied");
     } else if (url.starts_with("data:") || url.starts_with("blob:") || url.starts_with("about:")) {
         session_.Send("Fetch.continueRequest", {{"requestId", TextMember(request, "requestId")}});
     } else if (TextMember(request, "resourceType") == "Document") {

@@ -91,6 +91,7 @@ private:
     void SendKey(Json key);
 
     PageListener* listener_;
+    const std::string key_;  ///< by which a request shows that this page's part of the bridge has sent it
     LiveObject alive_;
     Session session_;
     std::string context_;

@@ -1,7 +1,5 @@
 #include "webbrowser/BrowserProcess.h"
 
-#include <ntsecapi.h>
-
 #include <array>
 #include <string_view>
 #include <vector>
@@ -10,6 +8,7 @@
 #include "framework/HResult.h"
 #include "framework/Module.h"
 #include "webbrowser/MessageReader.h"
+#include "webbrowser/RandomName.h"
 #include "webbrowser/ResourceText.h"
 #include "webbrowser/resource.h"
 
@@ -46,19 +45,6 @@ constexpr char options[] =
 
 [[noreturn]] void Fail(const std::wstring& words) {
     throw HResultError(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND), words);
-}
-
-/// A name that nobody can guess, in a folder that each user of the machine can write to.
-std::string PrivateFolder() {
-    std::array<unsigned char, 16> random{};
-    if (!RtlGenRandom(random.data(), random.size()))
-        throw HResultError(LastFailure());
-    std::string name = "/tmp/nuxWebBrowser-";
-    for (const unsigned char byte : random) {
-        name += "0123456789abcdef"[byte >> 4];
-        name += "0123456789abcdef"[byte & 15];
-    }
-    return name;
 }
 
 /// The browser that the user wants, as a path of the system below, or empty.
@@ -118,7 +104,8 @@ UniqueFile OpenPipe(const std::string& folder, const char* name, DWORD access, U
 BrowserProcess::BrowserProcess(std::function<void(std::string)> onMessage, std::function<void()> onEnd)
     : onMessage_(std::move(onMessage)), onEnd_(std::move(onEnd)) {
     const ULONGLONG deadline = GetTickCount64() + startMilliseconds;
-    const std::string folder = PrivateFolder();
+    // Each user of the machine can write there.
+    const std::string folder = "/tmp/nuxWebBrowser-" + RandomName();
     started_ = UniqueKernelHandle(CreateEventA(nullptr, TRUE, FALSE, nullptr));
     StartShell(folder);
     in_ = OpenPipe(folder, "in", GENERIC_WRITE, deadline);

@@ -1,9 +1,13 @@
 // Runs in each document before its own scripts: joins it to the program that shows it. What a page sees of it are
 // window.external, ActiveXObject, VBArray, Enumerator and a few properties of window that differ from the browser's.
-(() => {
+// `key` goes with each request to the program; it isn't for frames of a foreign origin, which could send requests as well.
+(key => {
     'use strict';
     const reporter = window.__nuxReport;
     delete window.__nuxReport;
+    // The browser answers their requests itself, and would give them any file of the system below.
+    delete window.Worker;
+    delete window.SharedWorker;
 
     // A frame shares the table, and so the objects, of the page that it is in. One of a foreign origin has none.
     let page = null;
@@ -180,7 +184,7 @@
         function post(message) {
             const request = new Request();
             open.call(request, 'POST', 'http://external.invalid/', false);
-            send.call(request, stringify(message));
+            send.call(request, key + stringify(message));
             return parse(request.responseText);
         }
 
@@ -563,4 +567,4 @@
             tab = null;
         });
     }
-})();
+})
