@@ -10,12 +10,18 @@
 #include "webbrowser/MessageReader.h"
 #include "webbrowser/RandomName.h"
 #include "webbrowser/ResourceText.h"
+#include "webbrowser/Utf.h"
 #include "webbrowser/resource.h"
 
 namespace nux::webbrowser {
 namespace {
 
 constexpr DWORD startMilliseconds = 10000;
+constexpr DWORD endMilliseconds = 2000;
+
+// The first command, and what its answer has. Its number is nobody else's.
+constexpr char greeting[] = R"({"id":0,"method":"Browser.getVersion"})";
+constexpr char answerToGreeting[] = "\"protocolVersion\"";
 
 // One a line. The network is closed: names are not found, and what needs none meets a proxy that isn't there.
 constexpr char options[] =
@@ -69,9 +75,10 @@ std::string Quoted(std::string_view argument) {
     return quoted.append(backslashes, '\\') + '"';
 }
 
-void StartShell(const std::string& folder) {
-    std::string command = "sh -c " + Quoted(ResourceText(IDR_START_BROWSER)) + " nuxWebBrowser " +
-                          Quoted(folder) + " " + Quoted(ChosenBrowser()) + " " + Quoted(options);
+/// Runs a script of the system's shell beside this process.
+/// @param arguments  quoted
+void StartShell(std::string_view script, const std::string& arguments) {
+    std::string command = "sh -c " + Quoted(script) + " nuxWebBrowser " + arguments;
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
@@ -105,25 +112,44 @@ BrowserProcess::BrowserProcess(std::function<void(std::string)> onMessage, std::
     : onMessage_(std::move(onMessage)), onEnd_(std::move(onEnd)) {
     const ULONGLONG deadline = GetTickCount64() + startMilliseconds;
     // Each user of the machine can write there.
-    const std::string folder = "/tmp/nuxWebBrowser-" + RandomName();
+    folder_ = "/tmp/nuxWebBrowser-" + RandomName();
+    const std::string chosen = ChosenBrowser();
     started_ = UniqueKernelHandle(CreateEventA(nullptr, TRUE, FALSE, nullptr));
-    StartShell(folder);
-    in_ = OpenPipe(folder, "in", GENERIC_WRITE, deadline);
-    out_ = OpenPipe(folder, "out", GENERIC_READ, deadline);
+    StartShell(ResourceText(IDR_START_BROWSER),
+               Quoted(folder_) + " " + Quoted(chosen) + " " + Quoted(options));
+    in_ = OpenPipe(folder_, "in", GENERIC_WRITE, deadline);
+    out_ = OpenPipe(folder_, "out", GENERIC_READ, deadline);
     thread_ = UniqueKernelHandle(CreateThread(nullptr, 0, &BrowserProcess::ReaderThread, this, 0, nullptr));
     if (!thread_)
         throw HResultError(LastFailure());
-    WaitForSingleObject(started_.Get(), INFINITE);
-    if (!found_) {
-        WaitForSingleObject(thread_.Get(), INFINITE);
-        Fail(L"There is no Chromium on this machine: install the package chromium-headless-shell");
-    }
+    Write(greeting);
+    WaitForSingleObject(started_.Get(), startMilliseconds);
+    if (answers_)
+        return;
+    const bool wasThere = isThere_;
+    End();
+    if (wasThere)
+        Fail(chosen.empty() ? L"The browser doesn't start" : L"This is no browser: " + WideFromUtf8(chosen));
+    Fail(chosen.empty() ? L"There is no Chromium on this machine: install the package chromium-headless-shell"
+                        : L"The browser that the registry names isn't there: " + WideFromUtf8(chosen));
 }
 
 BrowserProcess::~BrowserProcess() {
+    End();
+}
+
+void BrowserProcess::End() noexcept {
     // It ends when nobody writes to it any more, and with it the reader.
     in_.Reset();
-    WaitForSingleObject(thread_.Get(), INFINITE);
+    if (WaitForSingleObject(thread_.Get(), endMilliseconds) == WAIT_OBJECT_0)
+        return;
+    try {
+        StartShell("kill -s KILL -- -$(cat $1/group)", Quoted(folder_));
+        WaitForSingleObject(thread_.Get(), INFINITE);
+    } catch (...) {
+        // Neither memory nor a shell: to go on would take from the thread what it uses.
+        std::terminate();
+    }
 }
 
 bool BrowserProcess::Write(const std::string& message) noexcept {
@@ -155,25 +181,27 @@ void BrowserProcess::Read() noexcept {
                 break;
             if (count == 0) {
                 // The end, or the shell hasn't opened the pipe yet.
-                if (found_ || GetTickCount64() > deadline)
+                if (isThere_ || GetTickCount64() > deadline)
                     break;
                 Sleep(1);
                 continue;
             }
             if (!reader.Append({buffer.data(), count}))
                 break;
-            bool none = false;
+            bool isOther = false;
             while (std::optional<std::string> message = reader.Next()) {
-                if (found_) {
+                if (answers_) {
                     onMessage_(*std::move(message));
-                } else if (message->empty()) {
-                    found_ = true;
+                } else if (!isThere_ && message->empty()) {
+                    isThere_ = true;
+                } else if (isThere_ && message->find(answerToGreeting) != std::string::npos) {
+                    answers_ = true;
                     SetEvent(started_.Get());
                 } else {
-                    none = true;
+                    isOther = true;
                 }
             }
-            if (none)
+            if (isOther)
                 break;
         }
         onEnd_();

@@ -16,7 +16,7 @@ namespace nux::webbrowser {
 /// with this process however that ends.
 class BrowserProcess {
 public:
-    /// Starts it and returns when it listens, or is there to do so.
+    /// Starts it and returns when it answers.
     /// @param onMessage  gets each message, on a thread of this object, which calls no COM
     /// @param onEnd      is called there once, when nothing comes any more
     /// Throws HResultError, with words for the user.
@@ -32,13 +32,16 @@ public:
 private:
     static DWORD WINAPI ReaderThread(void* self) noexcept;
     void Read() noexcept;
+    void End() noexcept;
 
     std::function<void(std::string)> onMessage_;
     std::function<void()> onEnd_;
     UniqueFile in_;
     UniqueFile out_;
-    UniqueKernelHandle started_;  ///< an event: the first message, or the end
-    bool found_ = false;          ///< written before `started_` is set
+    std::string folder_;
+    UniqueKernelHandle started_;  ///< an event: the first answer, or the end
+    bool isThere_ = false;        ///< what is to be started; written before `started_` is set
+    bool answers_ = false;        ///< likewise
     UniqueKernelHandle thread_;
 };
 
