@@ -19,6 +19,7 @@
 #include "framework/Implements.h"
 #include "framework/Module.h"
 #include "framework/Text.h"
+#include "webbrowser/Browser.h"
 #include "webbrowser/Page.h"
 
 namespace {
@@ -110,6 +111,21 @@ void Tell(const char* what, std::vector<double> seconds) {
     std::fflush(stdout);
 }
 
+/// Kilobytes of the browser's processes, with their part of what they share.
+double BrowserMemory() {
+    const Json system =
+        Browser::Running()->Wait({}, "SystemInfo.getProcessInfo", Json::object(), Inbox::OfThisThread());
+    double kilobytes = 0;
+    for (const Json& process : system["processInfo"]) {
+        std::ifstream sizes("Z:/proc/" + std::to_string(NumberMember(process, "id")) + "/smaps_rollup");
+        for (std::string line; std::getline(sizes, line);) {
+            if (line.starts_with("Pss:"))
+                kilobytes += std::stod(line.substr(4));
+        }
+    }
+    return kilobytes;
+}
+
 std::vector<double> Rounds(int count, const std::function<void()>& work) {
     std::vector<double> seconds;
     for (int i = 0; i < count; ++i)
@@ -123,7 +139,9 @@ void Measure(const std::wstring& address) {
     Tell("first page with its picture, the browser's start included",
          Rounds(1, [&] { first = std::make_unique<Shown>(address); }));
     std::vector<std::unique_ptr<Shown>> others;
+    const double withFirst = BrowserMemory();
     Tell("each further page", Rounds(20, [&] { others.push_back(std::make_unique<Shown>(address)); }));
+    const double perPage = (BrowserMemory() - withFirst) / static_cast<double>(others.size());
     others.clear();
     Shown& shown = *first;
 
@@ -169,6 +187,8 @@ void Measure(const std::wstring& address) {
     const int pictures = shown.pictures - before;
     Tell("after the last of 90 sizes until it is painted",
          Rounds(1, [&] { shown.Await([&] { return shown.picture->size.width == width; }); }));
+    std::printf("\nMemory of the browser: %.0f MB with the first page, %.1f MB for each further one\n",
+                withFirst / 1024, perPage / 1024);
     std::printf("\nPictures in a second while resized 30 times a second: %.0f\n", pictures / resizing);
     std::fflush(stdout);
 }

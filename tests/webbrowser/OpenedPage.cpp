@@ -39,10 +39,11 @@ std::wstring OpenedPage::Text(const std::wstring& expression) {
     return value.IsString() ? std::wstring(value.Text(), SysStringLen(value.Text())) : L"(no text)";
 }
 
-void OpenedPage::CollectGarbage() const {
+std::int64_t OpenedPage::CollectGarbage() const {
     const std::shared_ptr<Browser> browser = Browser::Running();
     const std::shared_ptr<Inbox> inbox = Inbox::OfThisThread();
     const Json targets = browser->Wait({}, "Target.getTargets", Json::object(), inbox);
+    std::int64_t used = 0;
     for (const Json& target : targets["targetInfos"]) {
         if (TextMember(target, "type") != "page")
             continue;
@@ -51,10 +52,13 @@ void OpenedPage::CollectGarbage() const {
                           {{"targetId", TextMember(target, "targetId")}, {"flatten", true}}, inbox),
             "sessionId");
         browser->Wait(session, "HeapProfiler.collectGarbage", Json::object(), inbox);
+        used +=
+            NumberMember(browser->Wait(session, "Runtime.getHeapUsage", Json::object(), inbox), "usedSize");
         browser->Send({}, "Target.detachFromTarget", {{"sessionId", session}});
     }
     page->Call("() => 1");
     Await([pumped = false]() mutable { return std::exchange(pumped, true); });
+    return used;
 }
 
 bool OpenedPage::WasTold(const std::wstring& line) const {

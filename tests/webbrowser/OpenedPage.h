@@ -28,8 +28,9 @@ public:
     void Load(const std::wstring& address);
     /// The value of an expression of the page, as text.
     std::wstring Text(const std::wstring& expression);
-    /// Has the memory of all pages collected, and serves what comes of it.
-    void CollectGarbage() const;
+    /// Has the memory of all pages collected, and serves what comes of it. @return bytes that their scripts
+    /// have
+    std::int64_t CollectGarbage() const;
     bool WasTold(const std::wstring& line) const;
 
     TempFolder folder;
