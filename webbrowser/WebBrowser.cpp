@@ -83,7 +83,8 @@ std::shared_ptr<Page> WebBrowser::OpenedPage() {
         page_ = std::move(opened);
     std::shared_ptr<Page> page = page_;
     page->Resize(ViewSize());
-    page->SetVisible(Handle() && IsWindowVisible(Handle()));
+    // Nobody tells the window when its container's is shown, so that one doesn't count.
+    page->SetVisible(Handle() && (GetWindowLongPtrA(Handle(), GWL_STYLE) & WS_VISIBLE) != 0);
     if (Handle() && GetFocus() == Handle())
         page->SetFocus(true);
     return page;

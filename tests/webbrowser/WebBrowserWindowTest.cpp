@@ -95,6 +95,15 @@ TEST_F(WebBrowserWindow, ThePageHasTheSizeOfTheWindow) {
     EXPECT_EQ(L"OnVisible false", sink->events.back());
 }
 
+TEST_F(WebBrowserWindow, ThePageIsPaintedForAContainerThatIsShownLater) {
+    ShowWindow(frame, SW_HIDE);
+    Activate();
+    Navigate(first);
+    EXPECT_TRUE(Page()->isVisible);
+    ShowWindow(Window(), SW_HIDE);
+    EXPECT_FALSE(Page()->isVisible);
+}
+
 TEST_F(WebBrowserWindow, ThePageGetsMouseAndKeysOfTheWindow) {
     Activate();
     Navigate(first);
