@@ -184,20 +184,15 @@ void ScriptBridge::Serve(const std::string& request, std::string_view body) {
         if (TextOf(parts[0]) == u"done") {
             if (parts.size() != 2 || asked_.empty() || !asked_.back()->running)
                 throw std::invalid_argument("nothing was asked of the page");
-            const std::shared_ptr<Asked> call = asked_.back();
-            const std::shared_ptr<Run> run = std::exchange(call->running, nullptr);
-            run->answer = EncodeScriptValue(parts[1]);
-            run->isDone = true;
-            call->request = request;
-            if (!call->result.empty()) {
-                asked_.pop_back();
-                Fulfill(call->request, call->result);
-            }
-            Dispatch();
+            Done(request, EncodeScriptValue(parts[1]));
             return;
         }
     } catch (const std::invalid_argument&) {
-        Fulfill(request, EncodeScriptValue({Thrown()}));
+        // It may have been the answer that a call of C++ waits for.
+        if (!asked_.empty() && asked_.back()->running)
+            Done(request, {});
+        else
+            Fulfill(request, EncodeScriptValue({Thrown()}));
         return;
     }
 
@@ -215,6 +210,19 @@ void ScriptBridge::Serve(const std::string& request, std::string_view body) {
     // Calls end in the order in which they began.
     asked_.erase(std::find(asked_.begin(), asked_.end(), call), asked_.end());
     Fulfill(call->request, answer);
+    Dispatch();
+}
+
+void ScriptBridge::Done(const std::string& request, std::string answer) {
+    const std::shared_ptr<Asked> call = asked_.back();
+    const std::shared_ptr<Run> run = std::exchange(call->running, nullptr);
+    run->answer = std::move(answer);
+    run->isDone = true;
+    call->request = request;
+    if (!call->result.empty()) {
+        asked_.pop_back();
+        Fulfill(call->request, call->result);
+    }
     Dispatch();
 }
 

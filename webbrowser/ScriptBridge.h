@@ -93,6 +93,8 @@ private:
     ScriptValue Finish(const std::shared_ptr<Run>& run) const;
     void Dispatch();
     void Fulfill(const std::string& request, const std::string& answer);
+    /// The page has done what it was asked last, and waits again.
+    void Done(const std::string& request, std::string answer);
     std::string Answer(const ScriptArray& message) noexcept;
     ScriptArray Perform(const ScriptArray& message);
     ComPtr<IDispatch> GivenObject(const ScriptValue& number);

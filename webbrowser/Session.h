@@ -7,8 +7,13 @@
 
 namespace nux::webbrowser {
 
-/// The connection to one page of the browser, for its parts.
+/// The connection to one page of the browser, for its parts. Tests speak to them through one of their own.
 struct Session {
+    Session() = default;
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    virtual ~Session() = default;
+
     std::shared_ptr<Browser> browser;
     std::shared_ptr<Inbox> inbox;
     std::string id;
@@ -16,11 +21,11 @@ struct Session {
     bool isOpen = false;
 
     /// What is said to a page that is gone is lost.
-    void Send(const char* method, const Json& arguments = Json::object()) const {
+    virtual void Send(const char* method, const Json& arguments = Json::object()) const {
         if (isOpen)
             browser->Send(id, method, arguments);
     }
-    void Ask(const char* method, const Json& arguments, Browser::Sink reply) const {
+    virtual void Ask(const char* method, const Json& arguments, Browser::Sink reply) const {
         browser->Ask(id, method, arguments, inbox, std::move(reply));
     }
 };

@@ -226,16 +226,21 @@ TEST_F(ForgedMessages, OfObjectsThatThePageNeverGaveFailWhenTheyAreUsed) {
 
 TEST_F(ForgedMessages, EndACallOfTheProgramThatIsNotDoneWithAFailure) {
     HRESULT failure = S_OK;
+    std::string message;
     external->methods[L"Call"] = [&](const Arguments&) {
         try {
-            page->Call("() => forged(['done', 'no answer'])");
+            page->Call("() => forged(" + message + ")");
         } catch (const HResultError& error) {
             failure = error.Code();
         }
         return Number(1);
     };
-    page.Text(L"external.Call()");
-    EXPECT_EQ(E_UNEXPECTED, failure);
+    for (const char* each : {"['done', 'no answer']", "['done', {n: 'x'}]", "['done']", "1"}) {
+        message = each;
+        failure = S_OK;
+        page.Text(L"external.Call()");
+        EXPECT_EQ(E_UNEXPECTED, failure) << each;
+    }
     EXPECT_EQ(L"still", page.Text(L"external.Echo('still')"));
 }
 
