@@ -155,6 +155,7 @@ protected:
         page->Show("<p>");
     }
     void TearDown() override {
+        ASSERT_TRUE(page);
         EXPECT_TRUE(page->Await([&] { return page->WasTold(L"browser ended"); }));
         EXPECT_FALSE((*page)->IsOpen());
         EXPECT_EQ(RPC_E_DISCONNECTED, Failure([&] { (*page)->Call("() => 1"); }));
