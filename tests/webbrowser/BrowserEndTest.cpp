@@ -212,21 +212,23 @@ protected:
     /// Has the container end while a message box of this thread is open, which is closed then.
     void EndInModalWindow() {
         ending_ = this;
-        SetTimer(nullptr, 0, 30, [](HWND, UINT, UINT_PTR timer, DWORD) {
-            const HWND box = FindWindowA("#32770", nullptr);
-            if (!box)
-                return;
-            KillTimer(nullptr, timer);
-            ending_->End();
-            if (IsWindow(box))
-                PostMessageA(box, WM_COMMAND, IDOK, 0);
-        });
+        SetTimer(nullptr, 0, 30, &EndOnceABoxIsOpen);
     }
 
     std::unique_ptr<Container> container;
     bool isEnded = false;
 
 private:
+    static void CALLBACK EndOnceABoxIsOpen(HWND, UINT, UINT_PTR timer, DWORD) {
+        const HWND box = FindWindowA("#32770", nullptr);
+        if (!box)
+            return;
+        KillTimer(nullptr, timer);
+        ending_->End();
+        if (IsWindow(box))
+            PostMessageA(box, WM_COMMAND, IDOK, 0);
+    }
+
     static inline BrowserEnd* ending_ = nullptr;
     TempFolder folder_;
     OfferedClass<Called> ofCalled_;

@@ -291,17 +291,7 @@ TEST_F(WebBrowserWindow, ShowsToolTips) {
     Activate();
     Navigate(first);
     Page()->listener->ToolTipChanged(L"A tip");
-    HWND tip = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM found) -> BOOL {
-            wchar_t name[32]{};
-            GetClassNameW(window, name, 32);
-            if (std::wstring_view(name) == TOOLTIPS_CLASSW)
-                *reinterpret_cast<HWND*>(found) = window;
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&tip));
+    const HWND tip = FindWindowW(TOOLTIPS_CLASSW, nullptr);
     ASSERT_TRUE(tip);
     const auto text = [&] {
         wchar_t words[80]{};
