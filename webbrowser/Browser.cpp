@@ -59,8 +59,12 @@ void Browser::Send(const std::string& session, const char* method, const Json& a
     Write(Command(id, session, method, arguments));
 }
 
+void Browser::Pending::Answer(const std::shared_ptr<const ChannelMessage>& message) {
+    inbox->Post({owner, isUrgent, [message, reply = std::move(reply)] { reply(*message); }});
+}
+
 void Browser::Ask(const std::string& session, const char* method, const Json& arguments,
-                  const std::shared_ptr<Inbox>& inbox, Sink reply) {
+                  const std::shared_ptr<Inbox>& inbox, const void* owner, bool isUrgent, Sink reply) {
     std::int64_t id = 0;
     bool isRunning = false;
     {
@@ -68,12 +72,12 @@ void Browser::Ask(const std::string& session, const char* method, const Json& ar
         id = ++lastId_;
         isRunning = isRunning_;
         if (isRunning)
-            pending_[id] = {session, inbox->GetSlot(), reply};
+            pending_[id] = {session, inbox->GetSlot(), owner, isUrgent, reply};
     }
     if (isRunning)
         Write(Command(id, session, method, arguments));
     else
-        inbox->Post({nullptr, true, [reply = std::move(reply)] {
+        inbox->Post({owner, isUrgent, [reply = std::move(reply)] {
                          reply({0, ended, {}, Json::object(), true});
                      }});
 }
@@ -81,7 +85,8 @@ void Browser::Ask(const std::string& session, const char* method, const Json& ar
 Json Browser::Wait(const std::string& session, const char* method, const Json& arguments,
                    const std::shared_ptr<Inbox>& inbox) {
     const auto answer = std::make_shared<std::optional<ChannelMessage>>();
-    Ask(session, method, arguments, inbox, [answer](const ChannelMessage& message) { *answer = message; });
+    Ask(session, method, arguments, inbox, nullptr, true,
+        [answer](const ChannelMessage& message) { *answer = message; });
     // The browser's own commands take their time; whoever opens a page doesn't expect to be called meanwhile.
     inbox->ServeUntil(
         nullptr, [&] { return answer->has_value(); }, 5000);
@@ -132,8 +137,7 @@ void Browser::Received(const std::string& text) {
             pending = std::move(found->second);
             pending_.erase(found);
         }
-        pending.inbox->Post(
-            {nullptr, true, [message, reply = std::move(pending.reply)] { reply(*message); }});
+        pending.Answer(message);
         return;
     }
     std::shared_ptr<const Watch> watch;
@@ -159,9 +163,8 @@ void Browser::Ended() {
     }
     const auto message =
         std::make_shared<const ChannelMessage>(ChannelMessage{0, ended, {}, Json::object(), true});
-    for (auto& [id, each] : pending) {
-        each.inbox->Post({nullptr, true, [message, reply = std::move(each.reply)] { reply(*message); }});
-    }
+    for (auto& [id, each] : pending)
+        each.Answer(message);
     for (const auto& [session, watch] : watches)
         watch->inbox->Post({watch->owner, true, [message, sink = watch->sink] { sink(*message); }});
 }

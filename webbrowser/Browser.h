@@ -32,9 +32,12 @@ public:
     /// Sends a command whose answer nobody wants.
     /// @param session  of a page, or empty
     void Send(const std::string& session, const char* method, const Json& arguments);
-    /// Sends a command. @param reply  runs in the inbox, also if the browser ends before it answers
+    /// Sends a command.
+    /// @param owner     of the reply in the inbox
+    /// @param isUrgent  whether a waiting call of the owner may need the reply
+    /// @param reply     runs in the inbox, also if the browser ends before it answers
     void Ask(const std::string& session, const char* method, const Json& arguments,
-             const std::shared_ptr<Inbox>& inbox, Sink reply);
+             const std::shared_ptr<Inbox>& inbox, const void* owner, bool isUrgent, Sink reply);
     /// Sends a command and waits. Throws HResultError if it fails.
     Json Wait(const std::string& session, const char* method, const Json& arguments,
               const std::shared_ptr<Inbox>& inbox);
@@ -54,7 +57,11 @@ private:
     struct Pending {
         std::string session;
         std::shared_ptr<Inbox::Slot> inbox;
+        const void* owner;
+        bool isUrgent;
         Sink reply;
+
+        void Answer(const std::shared_ptr<const ChannelMessage>& message);
     };
     std::string Command(std::int64_t id, const std::string& session, const char* method,
                         const Json& arguments);

@@ -130,7 +130,8 @@ void BrowserPage::Navigate(std::wstring_view address) {
         reach_.Open(url.path);
     const std::shared_ptr<Page> self = shared_from_this();
     isCrashed_ = false;
-    hostUrl_ = url.url;
+    hostUrl_ = url.url.substr(0, url.url.find('#'));
+    const unsigned navigation = ++navigations_;
     isLoading_ = true;
     SetState(ReadyState::loading);
     if (!session_.isOpen)
@@ -138,21 +139,36 @@ void BrowserPage::Navigate(std::wstring_view address) {
     const std::weak_ptr<Page> weak = self;
     if (url.kind == PageUrl::Kind::other) {
         // The network is closed, and the browser's own pages are nobody's business.
-        session_.inbox->Post({this, false, [this, weak, url = url.url] {
+        session_.inbox->Post({this, false, [this, weak, navigation] {
                                   const std::shared_ptr<Page> page = weak.lock();
-                                  if (page && hostUrl_ == url)
+                                  if (page && navigation == navigations_ && !hostUrl_.empty())
                                       FailUnasked(INET_E_RESOURCE_NOT_FOUND);
                               }});
         return;
     }
     session_.Ask("Page.navigate", {{"url", url.url}},
-                 [this, weak, url = url.url](const ChannelMessage& answer) {
+                 [this, weak, navigation, url = url.url](const ChannelMessage& answer) {
                      const std::shared_ptr<Page> page = weak.lock();
-                     // What was never requested has failed here; all else is told by the frame.
-                     if (page && listener_ && hostUrl_ == url &&
-                         (answer.failed || !TextMember(answer.content, "errorText").empty()))
+                     // What was never requested has ended here; all else is told by the frame.
+                     if (!page || !listener_ || navigation != navigations_ || hostUrl_.empty())
+                         return;
+                     if (answer.failed || !TextMember(answer.content, "errorText").empty())
                          FailUnasked(INET_E_INVALID_URL);
+                     else if (TextMember(answer.content, "loaderId").empty())
+                         OnShownWithinDocument(url);
                  });
+}
+
+/// The host has navigated to another part of the document that is shown.
+void BrowserPage::OnShownWithinDocument(const std::string& url) {
+    const std::shared_ptr<Page> self = shared_from_this();
+    hostUrl_.clear();
+    location_ = Shown(url);
+    isLoading_ = false;
+    listener_->Navigated(location_, true);
+    SetState(ReadyState::complete);
+    if (listener_)
+        listener_->Loaded(location_, true);
 }
 
 void BrowserPage::Fail(const std::string& url, bool isTop, HRESULT status) {
@@ -215,8 +231,18 @@ void BrowserPage::Reload(bool fromDisk) {
 
 void BrowserPage::Stop() {
     session_.Send("Page.stopLoading");
+    if (!session_.isOpen)
+        return;
     // A script that doesn't come to an end goes on loading as well.
-    session_.Send("Runtime.terminateExecution");
+    session_.Ask(
+        "Runtime.terminateExecution", Json::object(),
+        [weak = std::weak_ptr(bridge_)](const ChannelMessage&) {
+            if (const std::shared_ptr<ScriptBridge> bridge = weak.lock())
+                bridge->ScriptsHaveEnded();
+        },
+        true);
+    // If none is at work, it is the next one that ends: this one.
+    session_.Send("Runtime.evaluate", {{"expression", "0"}});
 }
 
 Variant BrowserPage::Call(std::string_view function, std::span<const Variant> arguments) {
@@ -265,7 +291,13 @@ void BrowserPage::OnEvent(const ChannelMessage& event) {
     const std::string& method = event.method;
     const bool isTop = TextMember(content, "frameId") == target_;
     if (method == "Fetch.requestPaused") {
-        OnRequest(content);
+        try {
+            OnRequest(content);
+        } catch (...) {
+            // The page waits for each.
+            Refuse(content, "Failed");
+            throw;
+        }
     } else if (method == "Page.screencastFrame") {
         if (const std::shared_ptr<const Picture> picture = painting_.Received(content))
             listener_->Painted(picture);
@@ -368,7 +400,7 @@ void BrowserPage::AnswerFile(const Json& request, const std::string& url) {
 
 void BrowserPage::OnFrameNavigated(const Json& frame) {
     const bool isTop = TextMember(frame, "parentId").empty();
-    const std::wstring address = Shown(TextMember(frame, "url"));
+    const std::wstring address = Shown(TextMember(frame, "url") + TextMember(frame, "urlFragment"));
     const std::shared_ptr<Page> self = shared_from_this();
     if (!isTop) {
         frames_[TextMember(frame, "id")] = TextMember(frame, "url");
@@ -477,7 +509,12 @@ void BrowserPage::OnDialog(const Json& dialog) {
                         WideFromUtf8(TextMember(dialog, "message")),
                         WideFromUtf8(TextMember(dialog, "defaultPrompt"))};
     const std::shared_ptr<Page> self = shared_from_this();
-    const PageDialogAnswer answer = listener_->Asked(question);
+    PageDialogAnswer answer;
+    try {
+        answer = listener_->Asked(question);
+    } catch (const std::exception&) {
+        // The page waits; nobody has answered.
+    }
     session_.Send("Page.handleJavaScriptDialog",
                   {{"accept", answer.accepted}, {"promptText", ToUtf8(answer.text)}});
 }
@@ -492,7 +529,9 @@ void BrowserPage::Lose(PageLoss loss) {
         session_.isOpen = false;
     bridge_->Disconnect();
     bridge_ = std::make_shared<ScriptBridge>(session_, static_cast<ScriptBridgeOwner&>(*this));
-    listener_->Lost(loss);
+    // What the page held may have closed it.
+    if (listener_)
+        listener_->Lost(loss);
 }
 
 }  // namespace nux::webbrowser

@@ -80,6 +80,7 @@ private:
     void OnLifecycle(const Json& event, bool isTop);
     void OnFrameLoaded(const std::string& frameId);
     void OnStopped();
+    void OnShownWithinDocument(const std::string& url);
     void OnDialog(const Json& dialog);
     void Lose(PageLoss loss);
     void SetState(ReadyState state);
@@ -101,8 +102,9 @@ private:
     Reach reach_;
     std::string loader_;                         ///< of the page's document
     std::map<std::string, std::string> frames_;  ///< the addresses of the frames in it
-    std::string hostUrl_;                        ///< that the host navigates to, until it is requested
-    int firstEntry_ = 1;                         ///< of the history: before it lies the empty page
+    std::string hostUrl_;       ///< that the host navigates to, without its part, until it is requested
+    unsigned navigations_ = 0;  ///< of the host
+    int firstEntry_ = 1;        ///< of the history: before it lies the empty page
     std::wstring location_ = L"about:blank";
     std::wstring title_;
     ReadyState state_ = ReadyState::uninitialized;

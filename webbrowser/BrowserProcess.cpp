@@ -171,44 +171,48 @@ DWORD WINAPI BrowserProcess::ReaderThread(void* self) noexcept {
 
 void BrowserProcess::Read() noexcept {
     try {
-        MessageReader reader;
-        std::vector<char> buffer(std::size_t{1} << 16);
-        const ULONGLONG deadline = GetTickCount64() + startMilliseconds;
-        for (;;) {
-            DWORD count = 0;
-            if (!ReadFile(out_.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr))
-                break;
-            if (count == 0) {
-                // The end, or the shell hasn't opened the pipe yet.
-                if (isThere_ || GetTickCount64() > deadline)
-                    break;
-                Sleep(1);
-                continue;
-            }
-            if (!reader.Append({buffer.data(), count}))
-                break;
-            bool isOther = false;
-            while (std::optional<std::string> message = reader.Next()) {
-                if (answers_) {
-                    onMessage_(*std::move(message));
-                } else if (!isThere_ && message->empty()) {
-                    isThere_ = true;
-                } else if (isThere_ && message->find(answerToGreeting) != std::string::npos) {
-                    answers_ = true;
-                    SetEvent(started_.Get());
-                } else {
-                    isOther = true;
-                }
-            }
-            if (isOther)
-                break;
-        }
+        ReadMessages();
+    } catch (...) {
+        OutputDebugStringA("nuxWebBrowser: no memory for what the browser says\n");
+    }
+    try {
         onEnd_();
     } catch (...) {
-        // Without memory nothing can be told; whoever waits sees the end.
-        OutputDebugStringA("nuxWebBrowser: the browser's messages can't be read any more\n");
+        OutputDebugStringA("nuxWebBrowser: no memory to tell that the browser has ended\n");
     }
     SetEvent(started_.Get());
+}
+
+void BrowserProcess::ReadMessages() {
+    MessageReader reader;
+    std::vector<char> buffer(std::size_t{1} << 16);
+    const ULONGLONG deadline = GetTickCount64() + startMilliseconds;
+    for (;;) {
+        DWORD count = 0;
+        if (!ReadFile(out_.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr))
+            return;
+        if (count == 0) {
+            // The end, or the shell hasn't opened the pipe yet.
+            if (isThere_ || GetTickCount64() > deadline)
+                return;
+            Sleep(1);
+            continue;
+        }
+        if (!reader.Append({buffer.data(), count}))
+            return;
+        while (std::optional<std::string> message = reader.Next()) {
+            if (answers_) {
+                onMessage_(*std::move(message));
+            } else if (!isThere_ && message->empty()) {
+                isThere_ = true;
+            } else if (isThere_ && message->find(answerToGreeting) != std::string::npos) {
+                answers_ = true;
+                SetEvent(started_.Get());
+            } else {
+                return;
+            }
+        }
+    }
 }
 
 }  // namespace nux::webbrowser

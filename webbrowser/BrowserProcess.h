@@ -32,6 +32,7 @@ public:
 private:
     static DWORD WINAPI ReaderThread(void* self) noexcept;
     void Read() noexcept;
+    void ReadMessages();
     void End() noexcept;
 
     std::function<void(std::string)> onMessage_;

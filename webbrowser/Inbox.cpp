@@ -72,8 +72,8 @@ void Inbox::Slot::Post(Item item) {
         return;
     items_.push_back(std::move(item));
     // One message for all: a queue of messages holds ten thousand.
-    if (!std::exchange(isPosted_, true))
-        PostMessageA(window_, itemsArrived, 0, 0);
+    if (!isPosted_)
+        isPosted_ = PostMessageA(window_, itemsArrived, 0, 0) != FALSE;
     SetEvent(arrived_.Get());
 }
 
@@ -84,9 +84,7 @@ LRESULT Inbox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     {
         // Before the item runs, which may serve messages itself.
         Lock lock(slot_->lock_);
-        slot_->isPosted_ = slot_->items_.size() > 1;
-        if (slot_->isPosted_)
-            PostMessageA(handle_, itemsArrived, 0, 0);
+        slot_->isPosted_ = slot_->items_.size() > 1 && PostMessageA(handle_, itemsArrived, 0, 0);
     }
     ServeOne(nullptr, true);
     return 0;
@@ -109,17 +107,18 @@ bool Inbox::ServeOne(const void* onlyOwner, bool all) {
     return true;
 }
 
-void Inbox::ServeMessages() {
+bool Inbox::ServeMessage() {
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            // For the loop below, which ends after this wait.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
+    if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        return false;
+    if (message.message == WM_QUIT) {
+        // For the loop below, which can't end before this wait.
+        PostQuitMessage(static_cast<int>(message.wParam));
+        throw HResultError(RPC_E_CALL_CANCELED, L"The program ends");
     }
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+    return true;
 }
 
 void Inbox::ServeUntil(const void* owner, const std::function<bool()>& isDone, DWORD exclusive) {
@@ -139,8 +138,8 @@ void Inbox::ServeUntil(const void* owner, const std::function<bool()>& isDone, D
             PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
         } else {
             // What other programs of this thread put into its queue counts as well: wake up now and then.
-            MsgWaitForMultipleObjects(1, &arrived, FALSE, 100, QS_ALLINPUT);
-            ServeMessages();
+            if (!ServeMessage())
+                MsgWaitForMultipleObjects(1, &arrived, FALSE, 100, QS_ALLINPUT);
         }
     }
 }

@@ -51,13 +51,15 @@ public:
     /// Serves until `isDone`. On the inbox's thread.
     /// @param owner      whose urgent items are served from the begin; those of nobody are served always
     /// @param exclusive  milliseconds after which all other messages are served too
+    /// Throws HResultError with RPC_E_CALL_CANCELED when the thread is to end: WM_QUIT stays for its own
+    /// loop.
     void ServeUntil(const void* owner, const std::function<bool()>& isDone,
                     DWORD exclusive = exclusiveMilliseconds);
 
 private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool ServeOne(const void* onlyOwner, bool all);
-    void ServeMessages();
+    bool ServeMessage();
 
     std::shared_ptr<Slot> slot_ = std::make_shared<Slot>();
     DWORD thread_ = GetCurrentThreadId();

@@ -124,14 +124,16 @@ void ScriptBridge::Dispatch() {
             evaluated_.push_back(run);
             const std::string expression =
                 "__nuxPage.run(" + run->message.substr(1, run->message.size() - 2) + ")";
-            session_.Ask("Runtime.evaluate", {{"expression", expression}, {"returnByValue", true}},
-                         [run, weak = weak_from_this()](const ChannelMessage& message) {
-                             run->answer = TextMember(ObjectMember(message.content, "result"), "value");
-                             run->isDone = true;
-                             run->isLost = run->answer.empty();
-                             if (const std::shared_ptr<ScriptBridge> self = weak.lock())
-                                 std::erase(self->evaluated_, run);
-                         });
+            session_.Ask(
+                "Runtime.evaluate", {{"expression", expression}, {"returnByValue", true}},
+                [run, weak = weak_from_this()](const ChannelMessage& message) {
+                    run->answer = TextMember(ObjectMember(message.content, "result"), "value");
+                    run->isDone = true;
+                    run->isLost = run->answer.empty();
+                    if (const std::shared_ptr<ScriptBridge> self = weak.lock())
+                        std::erase(self->evaluated_, run);
+                },
+                true);
         } else if (!asked_.back()->request.empty()) {
             waiting_.pop_front();
             asked_.back()->running = run;
@@ -187,7 +189,7 @@ void ScriptBridge::Serve(const std::string& request, std::string_view body) {
             Done(request, EncodeScriptValue(parts[1]));
             return;
         }
-    } catch (const std::invalid_argument&) {
+    } catch (...) {
         // It may have been the answer that a call of C++ waits for.
         if (!asked_.empty() && asked_.back()->running)
             Done(request, {});
@@ -444,19 +446,28 @@ void ScriptBridge::ForgetDocument() {
     const std::map<std::int64_t, Given> given = std::exchange(given_, {});
 }
 
-void ScriptBridge::Disconnect() noexcept {
-    owner_ = nullptr;
-    std::vector<std::shared_ptr<Run>> lost(waiting_.begin(), waiting_.end());
-    lost.insert(lost.end(), evaluated_.begin(), evaluated_.end());
+void ScriptBridge::ScriptsHaveEnded() {
+    LoseAsked();
+    Dispatch();
+}
+
+void ScriptBridge::LoseAsked() noexcept {
     for (const std::shared_ptr<Asked>& call : asked_) {
         if (call->running)
-            lost.push_back(call->running);
+            call->running->isDone = call->running->isLost = true;
     }
-    for (const std::shared_ptr<Run>& run : lost)
+    asked_.clear();
+}
+
+void ScriptBridge::Disconnect() noexcept {
+    owner_ = nullptr;
+    for (const std::shared_ptr<Run>& run : waiting_)
+        run->isDone = run->isLost = true;
+    for (const std::shared_ptr<Run>& run : evaluated_)
         run->isDone = run->isLost = true;
     waiting_.clear();
     evaluated_.clear();
-    asked_.clear();
+    LoseAsked();
     ForgetDocument();
 }
 

@@ -62,6 +62,9 @@ public:
 
     /// The page shows another document: the objects of both sides are no longer needed.
     void ForgetDocument();
+    /// The page's scripts have been ended: nobody waits for the program's answers, and what it has asked of
+    /// them meanwhile has failed.
+    void ScriptsHaveEnded();
     /// All calls fail from now on, those that wait too.
     void Disconnect() noexcept;
     /// Of the page, for those that hold its objects.
@@ -92,6 +95,7 @@ private:
     std::shared_ptr<Run> Start(std::string_view function, std::span<const Variant> arguments);
     ScriptValue Finish(const std::shared_ptr<Run>& run) const;
     void Dispatch();
+    void LoseAsked() noexcept;
     void Fulfill(const std::string& request, const std::string& answer);
     /// The page has done what it was asked last, and waits again.
     void Done(const std::string& request, std::string answer);

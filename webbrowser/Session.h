@@ -25,8 +25,11 @@ struct Session {
         if (isOpen)
             browser->Send(id, method, arguments);
     }
-    virtual void Ask(const char* method, const Json& arguments, Browser::Sink reply) const {
-        browser->Ask(id, method, arguments, inbox, std::move(reply));
+    /// @param isUrgent  whether a call that waits for the page may need the reply; others run when the thread
+    ///                  serves its messages
+    virtual void Ask(const char* method, const Json& arguments, Browser::Sink reply,
+                     bool isUrgent = false) const {
+        browser->Ask(id, method, arguments, inbox, owner, isUrgent, std::move(reply));
     }
 };
 

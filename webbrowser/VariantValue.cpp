@@ -85,8 +85,12 @@ ScriptValue ScriptFromVariant(const VARIANT& value,
                               const std::function<ScriptValue(IUnknown*)>& objectValue) {
     // A copy of what a reference refers to, without adding to what is counted.
     const VARIANT* referred = &value;
-    while (referred->vt == (VT_BYREF | VT_VARIANT))
+    // One step, as the platform allows no more.
+    if (referred->vt == (VT_BYREF | VT_VARIANT))
         referred = referred->pvarVal;
+    if (!referred || ((referred->vt & VT_BYREF) && !referred->byref) ||
+        referred->vt == (VT_BYREF | VT_VARIANT))
+        throw HResultError(E_INVALIDARG, L"A reference refers to nothing");
     if (referred->vt & VT_ARRAY) {
         SAFEARRAY* const array = referred->vt & VT_BYREF ? *referred->pparray : referred->parray;
         VARTYPE type = 0;

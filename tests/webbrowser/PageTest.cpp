@@ -4,6 +4,7 @@
 #include <urlmon.h>
 #include <algorithm>
 
+#include "framework/ComObject.h"
 #include "framework/HResult.h"
 #include "framework/Text.h"
 #include "tests/webbrowser/ExternalDouble.h"
@@ -263,6 +264,75 @@ TEST(Page, StopsAScriptThatDoesNotEnd) {
     EXPECT_TRUE(page.Await([&] { return page.WasTold(L"status begun"); }));
     page->Stop();
     EXPECT_EQ(L"x", page.Text(L"p.innerText"));
+}
+
+TEST(Page, GoesOnWhenNothingIsThereToStop) {
+    OpenedPage page;
+    page.Show("<p id=p>x");
+    page->Stop();
+    EXPECT_EQ(L"x", page.Text(L"p.innerText"));
+}
+
+Page* stopped = nullptr;
+
+void CALLBACK StopPage(HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    stopped->Stop();
+}
+
+TEST(Page, StopsAScriptThatAnObjectCalls) {
+    OpenedPage page;
+    const auto external = MakeObject<ExternalDouble>();
+    page.external = external;
+    page.Show("<p id=p>x");
+    HRESULT failure = S_OK;
+    external->methods[L"Call"] = [&](const ExternalDouble::Arguments&) {
+        stopped = page.page.get();
+        SetTimer(nullptr, 0, 100, &StopPage);
+        try {
+            page->Call("() => { for (;;) {} }");
+        } catch (const HResultError& error) {
+            failure = error.Code();
+        }
+        return Number(1);
+    };
+    EXPECT_EQ(L"failed: The page isn't there any more", page.Text(L"external.Call()"));
+    EXPECT_EQ(RPC_E_DISCONNECTED, failure);
+    EXPECT_EQ(L"x", page.Text(L"p.innerText"));
+}
+
+TEST(Page, GoesToAPartOfADocument) {
+    OpenedPage page;
+    const std::wstring address =
+        Widen(page.folder.Write("page.htm", "<p style='height: 2000px'>x<p id=part>y"), CP_ACP);
+    page.Load(address + L"#part");
+    EXPECT_EQ(1, std::count_if(page.told.begin(), page.told.end(),
+                               [](const std::wstring& line) { return line.starts_with(L"navigated"); }));
+    EXPECT_EQ(0, std::count_if(page.told.begin(), page.told.end(),
+                               [](const std::wstring& line) { return line.starts_with(L"navigating"); }));
+    EXPECT_TRUE(page->Location().ends_with(L"page.htm#part"));
+    EXPECT_NE(L"0", page.Text(L"Math.round(scrollY)"));
+    page->Execute(L"var same = true");
+    page.Load(address + L"#other");
+    EXPECT_EQ(ReadyState::complete, page->State());
+    EXPECT_FALSE(page->IsBusy());
+    EXPECT_TRUE(page->Location().ends_with(L"page.htm#other"));
+    EXPECT_EQ(L"true", page.Text(L"same"));
+}
+
+TEST(Page, EndsAWaitWhenTheThreadIsToEnd) {
+    OpenedPage page;
+    page.Show("<p>");
+    PostQuitMessage(7);
+    try {
+        page->Call("() => { for (;;) {} }");
+        FAIL();
+    } catch (const HResultError& error) {
+        EXPECT_EQ(RPC_E_CALL_CANCELED, error.Code());
+    }
+    MSG message;
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(7U, message.wParam);
 }
 
 TEST(Page, FailsAllCallsAfterItsEnd) {
