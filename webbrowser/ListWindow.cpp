@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "framework/ComPtr.h"
 #include "framework/Drawing.h"
 
 namespace nux::webbrowser {
@@ -191,6 +192,8 @@ void ListWindow::OnPress(POINT at) {
         return End(-1);
     // The scroll bar, which doesn't get the mouse while it is captured. It takes all of it until the button
     // is up.
+    // The button may come up only after the control has been let go of.
+    const ComPtr<IUnknown> holder(&holder_);
     isScrolling_ = true;
     ReleaseCapture();
     SendMessageW(Handle(), WM_NCLBUTTONDOWN, HTVSCROLL, MAKELPARAM(at.x, at.y));

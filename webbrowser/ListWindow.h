@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <unknwn.h>
+
 #include <functional>
 #include <optional>
 #include <vector>
@@ -16,8 +18,10 @@ namespace nux::webbrowser {
 /// mouse away.
 class ListWindow : private Window {
 public:
-    /// @param ended  told the chosen entry, or -1, when the list has gone by the user's doing
-    explicit ListWindow(std::function<void(int entry)> ended) : ended_(std::move(ended)) {}
+    /// @param holder  whose part it is, held while the user scrolls
+    /// @param ended   told the chosen entry, or -1, when the list has gone by the user's doing
+    ListWindow(IUnknown& holder, std::function<void(int entry)> ended)
+        : holder_(holder), ended_(std::move(ended)) {}
 
     /// Shows a list; one that is open goes without a word.
     /// @param owner  who has the keyboard
@@ -43,6 +47,7 @@ private:
     int EntryAt(POINT at) const noexcept;
     void End(int entry);
 
+    IUnknown& holder_;
     std::function<void(int)> ended_;
     std::optional<ListSelection> selection_;
     int rowHeight_ = 1;

@@ -207,6 +207,8 @@ void BrowserPage::SetFocus(bool focused) {
 }
 
 void BrowserPage::TabInto(bool forward) {
+    if (!session_.isOpen || isCrashed_)
+        return;
     Variant argument;
     VARIANT value{};
     value.vt = VT_BOOL;

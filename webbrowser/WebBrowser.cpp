@@ -31,6 +31,11 @@ const WindowClass& BrowserWindowClass() noexcept {
 
 constexpr int hundredthsOfInch = 2540;  // of a millimetre
 
+/// The address of the document alone, as it is asked for again.
+std::wstring WithoutFragment(const std::wstring& address) {
+    return address.substr(0, address.find(L'#'));
+}
+
 }  // namespace
 
 WebBrowser::WebBrowser(PageOpener openPage)
@@ -113,7 +118,7 @@ void WebBrowser::ShowNotice(const std::wstring& reason) {
 void WebBrowser::Begin(const std::wstring& address) {
     address_ = address;
     const std::shared_ptr<Page> page = OpenedPage();
-    isLost_ = false;
+    isLost_ = isRefreshing_ = false;
     view_.SetNotice({});
     isAnnounced_ = true;
     BeginDownload();
@@ -155,9 +160,13 @@ STDMETHODIMP WebBrowser::DoVerb(LONG verb, LPMSG message, IOleClientSite* site, 
     const ComPtr<IOleObject> self = Held();
     const HRESULT result = OleControl::DoVerb(verb, message, site, index, parent, bounds);
     const bool isTab = message && message->message == WM_KEYDOWN && message->wParam == VK_TAB;
-    if (SUCCEEDED(result) && isTab && HasUserInterface() && page_)
-        page_->TabInto(GetKeyState(VK_SHIFT) >= 0);
-    return result;
+    const std::shared_ptr<Page> page = page_;
+    if (FAILED(result) || !isTab || !HasUserInterface() || !page)
+        return result;
+    return Guarded([&] {
+        page->TabInto(GetKeyState(VK_SHIFT) >= 0);
+        return result;
+    });
 }
 
 STDMETHODIMP WebBrowser::GetClassInfo(ITypeInfo** typeInfo) {
@@ -369,7 +378,8 @@ IDispatch* WebBrowser::FrameOf(const std::wstring& address) {
 
 bool WebBrowser::Navigating(const std::wstring& address, bool isTop) {
     const ComPtr<IOleObject> self = Held();
-    if (isTop && isRefreshing_)
+    const std::shared_ptr<Page> page = page_;
+    if (isTop && isRefreshing_ && page && address == WithoutFragment(page->Location()))
         return true;
     const std::wstring translated = Host().Translated(address);
     const ComPtr<IDispatch> browser(isTop ? Self() : FrameOf(address));
@@ -380,7 +390,7 @@ bool WebBrowser::Navigating(const std::wstring& address, bool isTop) {
         return false;
     }
     if (isTop) {
-        address_ = address;
+        isRefreshing_ = false;
         isAnnounced_ = true;
         BeginDownload();
     }

@@ -260,12 +260,14 @@ private:
     std::shared_ptr<Page> page_;
     const ComPtr<ComObject<BrowserLink>> link_;
     PageView view_;
-    ListWindow list_{[this](int entry) { ListEnded(entry); }};
+    ListWindow list_{static_cast<IOleObject&>(*this), [this](int entry) { ListEnded(entry); }};
     PageReference listElement_;  ///< whose list is open
     bool isKeyOfList_ = false;   ///< the last key went down for it
     HCURSOR cursor_;
     ComPtr<IUnknown> objectSite_;
-    std::wstring address_;  ///< of the last navigation that a sink let pass, for loading again
+    /// Of the host's last navigation that a sink let pass, for loading again: what a page begins itself opens
+    /// no folder, and loading again does.
+    std::wstring address_;
     /// What stands for the frames that are being loaded, by address.
     std::map<std::wstring, ComPtr<IDispatch>> frames_;
     unsigned closings_ = 0;     ///< of the page: sinks may close it while they are told

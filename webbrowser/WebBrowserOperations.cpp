@@ -334,9 +334,10 @@ STDMETHODIMP WebBrowser::PutProperty(BSTR Property, VARIANT vtValue) {
 STDMETHODIMP WebBrowser::GetProperty(BSTR Property, VARIANT* pvtValue) {
     if (!pvtValue)
         return E_POINTER;
+    VariantInit(pvtValue);
     return Operation([&] {
         const auto found = properties_.find(std::wstring(Property ? Property : L"", SysStringLen(Property)));
-        return found == properties_.end() ? VariantClear(pvtValue) : found->second.CopyTo(pvtValue);
+        return found == properties_.end() ? S_OK : found->second.CopyTo(pvtValue);
     });
 }
 

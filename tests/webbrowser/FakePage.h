@@ -40,6 +40,7 @@ public:
     bool canGoForward = false;
     bool isVisible = false;
     bool hasFocus = false;
+    HRESULT tabFailure = S_OK;  ///< of TabInto
     std::vector<UINT> input;
     POINT lastPoint{};
 
@@ -77,14 +78,17 @@ public:
     bool IsBusy() const noexcept override { return isBusy; }
     bool CanGoBack() const noexcept override { return canGoBack; }
     bool CanGoForward() const noexcept override { return canGoForward; }
-    Variant Call(std::string_view, std::span<const Variant>) override { return {}; }
-    PageReference CallForObject(std::string_view, std::span<const Variant>) override { return {}; }
+    Variant Call(std::string_view, std::span<const Variant>) override { return Answer<Variant>(); }
+    PageReference CallForObject(std::string_view, std::span<const Variant>) override {
+        return Answer<PageReference>();
+    }
     void Post(std::string_view function, std::span<const Variant>) override {
+        ThrowIfNotOpen();
         calls.push_back(L"post " + std::wstring(function.begin(), function.end()));
     }
-    Variant Execute(std::wstring_view) override { return {}; }
-    PageReference Document() override { return {}; }
-    PageReference Window() override { return {}; }
+    Variant Execute(std::wstring_view) override { return Answer<Variant>(); }
+    PageReference Document() override { return Answer<PageReference>(); }
+    PageReference Window() override { return Answer<PageReference>(); }
     ComPtr<IDispatch> ObjectOf(const PageReference&) override { return nullptr; }
     void Resize(PixelSize now) override { size = now; }
     void SetVisible(bool visible) override { isVisible = visible; }
@@ -102,9 +106,21 @@ public:
         calls.push_back(L"choose " + std::to_wstring(entry));
     }
     void SetFocus(bool focused) override { hasFocus = focused; }
-    void TabInto(bool forward) override { Noted(forward ? L"tab into" : L"tab into backwards"); }
+    void TabInto(bool forward) override {
+        ThrowIfFailed(tabFailure);
+        Noted(forward ? L"tab into" : L"tab into backwards");
+    }
 
 private:
+    void ThrowIfNotOpen() const {
+        if (!IsOpen())
+            throw HResultError(RPC_E_DISCONNECTED, L"the page is not there");
+    }
+    template <class T>
+    T Answer() const {
+        ThrowIfNotOpen();
+        return {};
+    }
     bool Noted(const wchar_t* call) {
         calls.push_back(call);
         return true;

@@ -143,6 +143,16 @@ TEST_F(InputTest, TellsWhatIsCopiedAndWritesWhatIsPasted) {
     EXPECT_TRUE(Becomes(L"i.value", L"any \x00e4 text"));
 }
 
+TEST_F(InputTest, NothingComesOfTheInputOfAPageThatIsNotThere) {
+    page.Show("<input id=i>");
+    page->Close();
+    EXPECT_NO_THROW(page->TabInto(true));
+    EXPECT_NO_THROW(page->SetFocus(true));
+    EXPECT_NO_THROW(page->InsertText(L"text"));
+    EXPECT_NO_THROW(Click({10, 10}));
+    EXPECT_NO_THROW(Press('A', L'a'));
+}
+
 TEST_F(InputTest, TellsWhereAContextMenuIsWanted) {
     page.Show("<body style='margin:0'><p id=p style='height:100px;margin:0'>x");
     page->Mouse(WM_MOUSEMOVE, 0, {30, 40});

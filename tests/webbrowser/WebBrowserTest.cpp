@@ -100,6 +100,37 @@ TEST_F(WebBrowserTest, RefreshTellsOfNoNavigation) {
     EXPECT_EQ(L"reload all", Page()->calls.back());
 }
 
+TEST_F(WebBrowserTest, WhatThePageBeginsInTheMidstOfARefreshIsAskedFor) {
+    Navigate(first);
+    Page()->Finish(first);
+    Page()->location = std::wstring(first) + L"#place";
+    browser->Refresh();
+    EXPECT_TRUE(Page()->listener->Navigating(first, true));
+    sink->Take();
+    sink->cancels = true;
+    EXPECT_FALSE(Page()->listener->Navigating(second, true));
+    EXPECT_EQ(Events{std::wstring(L"BeforeNavigate2 ") + second}, sink->Take());
+    sink->cancels = false;
+    EXPECT_TRUE(Page()->listener->Navigating(second, true));
+    Page()->Finish(second);
+    EXPECT_EQ(
+        (Events{std::wstring(L"BeforeNavigate2 ") + second, std::wstring(L"NavigateComplete2 ") + second,
+                L"DownloadComplete", std::wstring(L"DocumentComplete ") + second}),
+        sink->Take());
+}
+
+TEST_F(WebBrowserTest, AnotherNavigationTakesThePlaceOfARefresh) {
+    Navigate(first);
+    Page()->Finish(first);
+    browser->Refresh();
+    Navigate(second);
+    sink->Take();
+    Page()->Finish(second);
+    EXPECT_EQ((Events{std::wstring(L"NavigateComplete2 ") + second, L"DownloadComplete",
+                      std::wstring(L"DocumentComplete ") + second}),
+              sink->Take());
+}
+
 TEST_F(WebBrowserTest, Navigate2TakesItsAddressAndDataFromVariants) {
     Variant address;
     address.SetText(Bstr(first));
@@ -243,6 +274,22 @@ TEST_F(WebBrowserTest, PropertiesOfTheContainerAreKeptAndTold) {
     EXPECT_EQ(VT_EMPTY, read.Type());
 }
 
+TEST_F(WebBrowserTest, APropertyGoesIntoAVariantThatNobodyHasInitialised) {
+    Variant seven;
+    seven.SetNumber(7);
+    browser->PutProperty(Bstr(L"mine").Get(), seven.Get());
+    for (const wchar_t* name : {L"mine", L"other"}) {
+        VARIANT read{};
+        const auto other = MakeObject<Unrelated>();
+        read.vt = VT_UNKNOWN;  // as what lay there before may say
+        read.punkVal = other.Get();
+        EXPECT_EQ(S_OK, browser->GetProperty(Bstr(name).Get(), &read));
+        EXPECT_EQ(name == std::wstring_view(L"mine") ? VT_I4 : VT_EMPTY, read.vt);
+        EXPECT_EQ(2u, other->AddRef()) << "it was nobody's to let go of";
+        other->Release();
+    }
+}
+
 TEST_F(WebBrowserTest, WhatIsNotOfferedSaysSo) {
     EXPECT_EQ(E_NOTIMPL, browser->GoHome());
     EXPECT_NE(L"", TakeErrorDescription(browser.Get(), IdOf<IWebBrowser2>()));
@@ -324,6 +371,19 @@ TEST_F(WebBrowserTest, WhenTheBrowserEndsTheKeyboardLoadsThePageAgain) {
     EXPECT_EQ(2, FakePage::opened);
     EXPECT_EQ(Events{std::wstring(L"navigate ") + first}, Page()->calls);
     EXPECT_EQ(S_OK, browser->get_Document(document.Receive()));
+}
+
+TEST_F(WebBrowserTest, WhatALostPageHadChosenItselfIsNotLoadedInTheHostsName) {
+    Activate();
+    Navigate(first);
+    Page()->Finish(first);
+    EXPECT_TRUE(Page()->listener->Navigating(L"file:///etc/hostname", true));
+    Page()->Finish(L"file:///etc/hostname");  // the text that says that it can't be shown
+    const auto lost = Page();
+    lost->isLost = true;
+    lost->listener->Lost(PageLoss::rendererEnded);
+    EXPECT_EQ(S_OK, browser->Refresh());
+    EXPECT_EQ(Events{std::wstring(L"navigate ") + first}, Page()->calls);
 }
 
 // Its end

@@ -4,6 +4,9 @@
 
 #include <commctrl.h>
 
+#include <functional>
+
+#include "framework/Module.h"
 #include "tests/webbrowser/ContainedBrowser.h"
 
 namespace nux::webbrowser {
@@ -153,6 +156,58 @@ TEST_F(WebBrowserWindow, TabEntersWithTheVerbThatBringsIt) {
     tab.wParam = VK_TAB;
     EXPECT_EQ(S_OK, object->DoVerb(OLEIVERB_UIACTIVATE, &tab, site.Get(), 0, frame, nullptr));
     EXPECT_EQ(L"tab into", Page()->calls.back());
+}
+
+TEST_F(WebBrowserWindow, NoFailureOfThePageLeavesTheVerbThatBringsTab) {
+    Activate();
+    Navigate(first);
+    Page()->tabFailure = RPC_E_DISCONNECTED;
+    MSG tab{};
+    tab.message = WM_KEYDOWN;
+    tab.wParam = VK_TAB;
+    HRESULT result = S_OK;
+    EXPECT_NO_THROW(result = object->DoVerb(OLEIVERB_UIACTIVATE, &tab, site.Get(), 0, frame, nullptr));
+    EXPECT_EQ(RPC_E_DISCONNECTED, result);
+}
+
+class Deed {
+public:
+    static inline std::function<void()> deed;
+    static void CALLBACK Run(HWND, UINT, UINT_PTR timer, DWORD) {
+        KillTimer(nullptr, timer);
+        deed();
+        deed = nullptr;
+    }
+};
+
+TEST_F(WebBrowserWindow, EndsWhileTheListOfAnElementIsScrolledAndNotBefore) {
+    Activate();
+    Navigate(first);
+    PageList list;
+    list.place = {10, 10, 110, 30};
+    list.selected = 0;
+    list.entries.resize(200, {L"entry", true});
+    Page()->listener->ListOpened(list);
+    const HWND window = FindWindowA("nuxWebBrowserList", nullptr);
+    ASSERT_TRUE(window);
+    RECT client{};
+    GetClientRect(window, &client);
+    const long all = LiveObjects();
+    long after = 0;
+    Deed::deed = [&] {
+        object->SetClientSite(nullptr);
+        sink->source.Reset();
+        object.Reset();
+        browser.Reset();
+        control.Reset();
+        after = LiveObjects();
+    };
+    SetTimer(nullptr, 0, 10, &Deed::Run);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(client.right + 4, client.bottom / 2));
+    EXPECT_FALSE(Deed::deed) << "that was within";
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(all, after) << "its list needs it until the scroll bar is left";
+    EXPECT_GT(all, LiveObjects());
 }
 
 TEST_F(WebBrowserWindow, KeysOfThePageAreTakenBeforeItsContainer) {
