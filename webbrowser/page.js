@@ -25,6 +25,17 @@
     const Request = XMLHttpRequest;
     const tagOf = Object.prototype.toString;
     const globalEval = window.eval;
+    const {addEventListener} = window;
+
+    const listeners = [];  // of the window: arguments of addEventListener
+
+    /// A message as JSON. Old libraries give arrays and objects a toJSON, which stringify alone would heed.
+    function textOf(value) {
+        if (value === null || typeof value !== 'object')
+            return stringify(value) ?? 'null';
+        return Array.isArray(value) ? '[' + value.map(textOf).join(',') + ']' :
+            '{' + Object.keys(value).map(name => stringify(name) + ':' + textOf(value[name])).join(',') + '}';
+    }
 
     page ??= makePage();
     Object.defineProperty(window, '__nuxPage', {value: page, configurable: true});
@@ -167,7 +178,7 @@
             if ('n' in value)
                 return Number(value.n);
             if ('w' in value)
-                return String.fromCharCode(...value.w);
+                return value.w.reduce((text, unit) => text + String.fromCharCode(unit), '');
             if ('d' in value)
                 return new Date(value.d ?? NaN);
             if ('p' in value) {
@@ -184,7 +195,7 @@
         function post(message) {
             const request = new Request();
             open.call(request, 'POST', 'http://external.invalid/', false);
-            send.call(request, key + stringify(message));
+            send.call(request, key + textOf(message));
             return parse(request.responseText);
         }
 
@@ -316,7 +327,7 @@
         const external = proxyOf(0, 0, false);
 
         return {
-            run: (...message) => stringify(run(...message)),
+            run: (...message) => textOf(run(...message)),
             external,
             make: name => decode(ask('make', String(name))[1]),
             elements: value => infos.has(value) ? elementsOf(infos.get(value)) : Array.from(value),
@@ -325,7 +336,7 @@
     }
 
     function report(message) {
-        reporter(stringify(message));
+        reporter(textOf(message));
     }
 
     function joinWindow(page) {
@@ -386,19 +397,24 @@
             }
         });
 
-        let status = '';
-        Object.defineProperty(window, 'status', {
-            get: () => status,
-            set(text) {
-                status = String(text);
-                page.report('status', status);
-            },
-            configurable: true,
-        });
-        define('close', () => page.report('close'));
-        define('open', address => {
-            page.report('open', address === undefined || address === '' ? 'about:blank' :
-                new URL(repaired(String(address)), document.baseURI).href);
+        if (window === window.top) {
+            let status = '';
+            Object.defineProperty(window, 'status', {
+                get: () => status,
+                set(text) {
+                    status = String(text);
+                    page.report('status', status);
+                },
+                configurable: true,
+            });
+            define('close', () => page.report('close'));
+        }
+        const openWindow = window.open;
+        define('open', (address, name) => {
+            const isBlank = address === undefined || address === '';
+            if (name !== undefined && isFrame(window.top, String(name)))
+                return openWindow.call(window, isBlank ? '' : repaired(String(address)), name);
+            page.report('open', isBlank ? 'about:blank' : new URL(repaired(String(address)), document.baseURI).href);
             return null;
         });
 
@@ -408,6 +424,20 @@
         watchTab(page);
         watchLists(page);
         watchCopies(page);
+        listenAgain();
+    }
+
+    /// Whether a target is a frame that is there, below a window.
+    function isFrame(window, name) {
+        if (/^_(self|parent|top)$/i.test(name))
+            return true;
+        return Array.from({length: window.length}, (_, i) => window[i]).some(frame => {
+            try {
+                return frame.name === name && name !== '' || isFrame(frame, name);
+            } catch {
+                return false;  // of a foreign origin
+            }
+        });
     }
 
     /// "file://C:\dir\x.png" is no URL to the browser, which asks nobody for it.
@@ -457,6 +487,21 @@
         new MutationObserver(tell).observe(document, {subtree: true, childList: true, characterData: true});
     }
 
+    /// Listens to events of the window also in documents that are written in this one's place: document.open takes all
+    /// listeners away.
+    function listen(type, listener, options) {
+        listeners.push([type, listener, options]);
+        addEventListener.call(window, type, listener, options);
+    }
+
+    function listenAgain() {
+        // One that is still there isn't added a second time.
+        new MutationObserver(() => {
+            for (const each of listeners)
+                addEventListener.call(window, ...each);
+        }).observe(document, {childList: true});
+    }
+
     function watchPointer(page) {
         let cursor = '';
         let tip = '';
@@ -469,7 +514,7 @@
             return Array.from(text.getClientRects()).some(box => event.clientX >= box.left && event.clientX < box.right &&
                 event.clientY >= box.top && event.clientY < box.bottom);
         };
-        window.addEventListener('mousemove', event => {
+        listen('mousemove', event => {
             const element = event.target;
             if (!(element instanceof Element))
                 return;
@@ -482,7 +527,7 @@
             if (titled !== tip)
                 page.report('tip', tip = titled);
         }, {capture: true, passive: true});
-        window.addEventListener('contextmenu', event => {
+        listen('contextmenu', event => {
             if (event.defaultPrevented)
                 return;
             event.preventDefault();
@@ -507,12 +552,12 @@
             return select && !select.disabled && !select.multiple && select.size <= 1 && !event.defaultPrevented ?
                 select : null;
         };
-        window.addEventListener('mousedown', event => {
+        listen('mousedown', event => {
             const select = event.button === 0 ? listOf(event) : null;
             if (select)
                 open(event, select);
         });
-        window.addEventListener('keydown', event => {
+        listen('keydown', event => {
             const select = event.key === 'F4' || event.key === ' ' || event.key === 'Enter' ||
                 (event.altKey && (event.key === 'ArrowDown' || event.key === 'ArrowUp')) ? listOf(event) : null;
             if (select)
@@ -533,8 +578,8 @@
             if (text !== '')
                 page.report('copied', text);
         };
-        window.addEventListener('copy', tell);
-        window.addEventListener('cut', tell);
+        listen('copy', tell);
+        listen('cut', tell);
 
         // The browser's clipboard is written by copying: what the page would copy, and says of it, doesn't count then.
         let given = null;
@@ -545,8 +590,8 @@
             event.preventDefault();
             event.stopImmediatePropagation();
         };
-        window.addEventListener('beforecopy', give, true);
-        window.addEventListener('copy', give, true);
+        listen('beforecopy', give, true);
+        listen('copy', give, true);
         if (window === window.top) {
             page.setClipboard = text => {
                 given = text;
@@ -558,10 +603,10 @@
 
     function watchTab(page) {
         let tab = null;
-        window.addEventListener('keydown', event => {
+        listen('keydown', event => {
             tab = event.key === 'Tab' && !event.ctrlKey && !event.altKey ? event : null;
         }, true);
-        window.addEventListener('blur', event => {
+        listen('blur', event => {
             if (event.target === window && tab && !tab.defaultPrevented)
                 page.report('tab', !tab.shiftKey);
             tab = null;

@@ -308,5 +308,16 @@ TEST_F(ExternalTest, MakesObjectsOfRegisteredClasses) {
               page.Text(L"caught(() => new ActiveXObject('Scripting.Dictionary'))"));
 }
 
+TEST_F(ExternalTest, IsCalledAlsoWhereALibraryGivesArraysAndObjectsAToJson) {
+    page->Execute(
+        L"Array.prototype.toJSON = Object.prototype.toJSON = String.prototype.toJSON = () => 'theirs'; 1");
+    EXPECT_EQ(L"x", page.Text(L"external.Echo('x')"));
+    EXPECT_EQ(L"true", page.Text(L"external.Echo(p) === p"));
+}
+
+TEST_F(ExternalTest, GivesBackALongTextThatIsNoUnicode) {
+    EXPECT_EQ(L"true", page.Text(L"(text => external.Echo(text) === text)('\\ud83d'.repeat(200000))"));
+}
+
 }  // namespace
 }  // namespace nux::webbrowser

@@ -153,6 +153,28 @@ TEST_F(InputTest, NothingComesOfTheInputOfAPageThatIsNotThere) {
     EXPECT_NO_THROW(Press('A', L'a'));
 }
 
+TEST_F(InputTest, ADocumentThatIsWrittenAnewHasItsListsTipsAndMenus) {
+    for (const wchar_t* way : {L"", L"document.open();"}) {
+        page.Show("<body>");
+        page.told.clear();
+        page.list = {};
+        page->Execute(std::wstring(way) +
+                      L"document.write(`<body style='margin:0'><select style='width:100px;height:20px'>"
+                      L"<option>one</select><p title=tip style='height:50px'>x`); document.close()");
+        Click({50, 10});
+        ASSERT_TRUE(page.Await([&] { return page.list.entries.size() == 1; }));
+        page->Mouse(WM_MOUSEMOVE, 0, {30, 50});
+        EXPECT_TRUE(page.Await([&] { return page.WasTold(L"tip tip"); }));
+        page->Mouse(WM_RBUTTONDOWN, MK_RBUTTON, {30, 50});
+        page->Mouse(WM_RBUTTONUP, 0, {30, 50});
+        EXPECT_TRUE(page.Await([&] { return page.WasTold(L"menu 30 50"); }));
+        page->Execute(
+            L"document.getSelection().selectAllChildren(document.querySelector('p')); "
+            L"document.execCommand('copy')");
+        EXPECT_TRUE(page.Await([&] { return page.WasTold(L"copied x"); }));
+    }
+}
+
 TEST_F(InputTest, TellsWhereAContextMenuIsWanted) {
     page.Show("<body style='margin:0'><p id=p style='height:100px;margin:0'>x");
     page->Mouse(WM_MOUSEMOVE, 0, {30, 40});

@@ -351,5 +351,25 @@ TEST(Page, FailsAllCallsAfterItsEnd) {
     EXPECT_THROW(document.Get(L"title"), HResultError);
 }
 
+TEST(PageFrameTest, AFrameNeitherClosesThePageNorHasItsStatus) {
+    OpenedPage page;
+    page.Show("<iframe name=inner srcdoc='x'></iframe>");
+    page->Execute(L"frames[0].close(); frames[0].status = 'of the frame'; window.status = 'of the page'; 1");
+    EXPECT_TRUE(page.Await([&] { return page.WasTold(L"status of the page"); }));
+    EXPECT_FALSE(page.WasTold(L"close"));
+    EXPECT_FALSE(page.WasTold(L"status of the frame"));
+}
+
+TEST(PageFrameTest, OpenShowsADocumentInAFrameThatIsThere) {
+    OpenedPage page;
+    page.folder.Write("other.htm", "<title>other</title>");
+    page.Show("<iframe name=inner srcdoc='x'></iframe>");
+    EXPECT_EQ(L"true", page.Text(L"window.open('other.htm', 'inner') === frames[0]"));
+    EXPECT_TRUE(page.Await([&] { return page.Text(L"frames[0].document.title") == L"other"; }));
+    EXPECT_EQ(L"null", page.Text(L"window.open('other.htm', 'nowhere')"));
+    page->Execute(L"window.open('other.htm', '_self'); 1");
+    EXPECT_TRUE(page.Await([&] { return page->Title() == L"other"; }));
+}
+
 }  // namespace
 }  // namespace nux::webbrowser
