@@ -16,13 +16,16 @@ SOURCES = sorted((ROOT / "webbrowser").glob("*.h")) + sorted((ROOT / "webbrowser
 # A class says above its functions which interface they are of.
 SECTION = re.compile(r"^ *// (I\w+)(?:\b|$)(.*)")
 MEMBER = re.compile(r"STDMETHODIMP (\w+)\(((?:[^()]|\([^()]*\))*)\) override(;| \{(.*?)\}(?=\n|  //))", re.S)
-BODY = r"\b\w+::{}\((?:[^()]|\([^()]*\))*\) \{{\n    (return [^;]*;)\n\}}"
+BODY = r"\b\w+::{}\((?:[^()]|\([^()]*\))*\) \{{\n    (return [^\n]*;)\n\}}"
 
 REFUSALS = {"Refuse": "E_NOTIMPL", "NotOffered": "E_NOTIMPL"}
 
 
 def refusal(body):
     """The code with which a function refuses whatever it is asked, '' for one that answers."""
+    thrown = re.fullmatch(r"\s*return Operation\(\[&\]\(\) -> HRESULT \{ throw HResultError\((E_\w+), .*\}\);\s*", body)
+    if thrown:
+        return thrown.group(1)
     found = re.fullmatch(r"\s*return (?:(\w+)\([^()]*\)|(E_\w+|\w+_E_\w+));\s*", body)
     if not found:
         return ""
