@@ -20,6 +20,10 @@ namespace {
     throw HResultError(RPC_E_DISCONNECTED, L"The page isn't there any more");
 }
 
+[[noreturn]] void FailUnreadable() {
+    throw HResultError(E_UNEXPECTED, L"The page's answer can't be read");
+}
+
 ScriptValue Text(std::u16string_view text) {
     return {std::u16string(text)};
 }
@@ -83,7 +87,12 @@ ComPtr<IDispatch> MakeRegistered(const std::wstring& name) {
 
 Variant ScriptBridge::Call(std::string_view function, std::span<const Variant> arguments) {
     const std::shared_ptr<ScriptBridge> self = shared_from_this();
-    return FromScript(Finish(Start(function, arguments)));
+    const ScriptValue value = Finish(Start(function, arguments));
+    try {
+        return FromScript(value);
+    } catch (const std::invalid_argument&) {
+        FailUnreadable();
+    }
 }
 
 PageReference ScriptBridge::CallForObject(std::string_view function, std::span<const Variant> arguments) {
@@ -161,7 +170,7 @@ ScriptValue ScriptBridge::Finish(const std::shared_ptr<Run>& run) const {
                                {error->description.begin(), error->description.end()});
         return parts[1];
     } catch (const std::invalid_argument&) {
-        throw HResultError(E_UNEXPECTED, L"The page's answer can't be read");
+        FailUnreadable();
     }
 }
 
