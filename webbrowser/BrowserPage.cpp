@@ -31,6 +31,11 @@ Json AllowedHeaders(const char* contentType) {
                         {{"name", "Cache-Control"}, {"value", "no-store"}}});
 }
 
+/// Whether the browser shows such a file by itself. All else it would load down, and tell of no end.
+bool IsShownAsDocument(std::string_view contentType) {
+    return contentType != "application/octet-stream" && !contentType.starts_with("font/");
+}
+
 /// What the page shows in the place of a document that isn't there.
 std::string FailurePage(const std::string& url) {
     std::string text;
@@ -234,15 +239,8 @@ void BrowserPage::Stop() {
     if (!session_.isOpen)
         return;
     // A script that doesn't come to an end goes on loading as well.
-    session_.Ask(
-        "Runtime.terminateExecution", Json::object(),
-        [weak = std::weak_ptr(bridge_)](const ChannelMessage&) {
-            if (const std::shared_ptr<ScriptBridge> bridge = weak.lock())
-                bridge->ScriptsHaveEnded();
-        },
-        true);
-    // If none is at work, it is the next one that ends: this one.
-    session_.Send("Runtime.evaluate", {{"expression", "0"}});
+    session_.Send("Runtime.terminateExecution");
+    bridge_->Interrupted();
 }
 
 Variant BrowserPage::Call(std::string_view function, std::span<const Variant> arguments) {
@@ -385,15 +383,18 @@ void BrowserPage::AnswerFile(const Json& request, const std::string& url) {
         Refuse(request, file.isAllowed ? "Failed" : "AccessDenied");
         return;
     }
-    if (!file.isFound) {
+    const bool isShown = file.isFound && (use != "Document" || IsShownAsDocument(file.contentType));
+    if (!isShown) {
         const std::shared_ptr<Page> self = shared_from_this();
         Fail(url, TextMember(request, "frameId") == target_,
-             file.isAllowed ? INET_E_OBJECT_NOT_FOUND : INET_E_SECURITY_PROBLEM);
+             !file.isAllowed ? INET_E_SECURITY_PROBLEM
+             : file.isFound  ? INET_E_DOWNLOAD_FAILURE
+                             : INET_E_OBJECT_NOT_FOUND);
         file.bytes = FailurePage(url);
         file.contentType = "text/html";
     }
     session_.Send("Fetch.fulfillRequest", {{"requestId", TextMember(request, "requestId")},
-                                           {"responseCode", file.isFound ? 200 : 404},
+                                           {"responseCode", isShown ? 200 : 404},
                                            {"responseHeaders", AllowedHeaders(file.contentType)},
                                            {"body", EncodeBase64(file.bytes)}});
 }

@@ -455,9 +455,24 @@ void ScriptBridge::ForgetDocument() {
     const std::map<std::int64_t, Given> given = std::exchange(given_, {});
 }
 
-void ScriptBridge::ScriptsHaveEnded() {
-    LoseAsked();
-    Dispatch();
+void ScriptBridge::Interrupted() {
+    if (!session_.isOpen)
+        return;
+    // The page evaluates nothing before all its scripts that wait for an answer have ended. If none was at
+    // work, it is this one that ends instead of the next.
+    session_.Ask(
+        "Runtime.evaluate", {{"expression", "0"}},
+        [calls = asked_, weak = weak_from_this()](const ChannelMessage&) {
+            const std::shared_ptr<ScriptBridge> self = weak.lock();
+            if (!self)
+                return;
+            for (const std::shared_ptr<Asked>& call : calls) {
+                if (std::erase(self->asked_, call) > 0 && call->running)
+                    call->running->isDone = call->running->isLost = true;
+            }
+            self->Dispatch();
+        },
+        true);
 }
 
 void ScriptBridge::LoseAsked() noexcept {

@@ -62,9 +62,8 @@ public:
 
     /// The page shows another document: the objects of both sides are no longer needed.
     void ForgetDocument();
-    /// The page's scripts have been ended: nobody waits for the program's answers, and what it has asked of
-    /// them meanwhile has failed.
-    void ScriptsHaveEnded();
+    /// The page's script is being ended: what it was to do for calls that wait fails, as it never answers.
+    void Interrupted();
     /// All calls fail from now on, those that wait too.
     void Disconnect() noexcept;
     /// Of the page, for those that hold its objects.
