@@ -155,7 +155,7 @@ public:
                              Post(Json({"done", Result()}).dump(), isAnswered);
                          }});
     }
-    void Ask(const char*, const Json&, Browser::Sink reply) const override {
+    void Ask(const char*, const Json&, Browser::Sink reply, bool) const override {
         inbox->Post({this, true, [this, reply = std::move(reply)] {
                          ChannelMessage message;
                          message.content = {{"result", {{"value", chance.Mangled(Result().dump())}}}};
