@@ -77,30 +77,6 @@ TEST(HardPages, AnEndlessScriptWhileLoadingEndsWithThePage) {
     EXPECT_EQ(L"x", other.Text(L"p.innerText"));
 }
 
-TEST(HardPages, AnEndlessFunctionThatAnObjectCallsEndsWithStop) {
-    OpenedPage page;
-    const auto external = MakeObject<ExternalDouble>();
-    page.external = external;
-    HRESULT failure = S_OK;
-    external->methods[L"Run"] = [&](const ExternalDouble::Arguments&) {
-        try {
-            page->Call("() => { status = 'on'; for (;;); }");
-        } catch (const HResultError& error) {
-            failure = error.Code();
-        }
-        return Variant();
-    };
-    page.Show("<p id=p>x");
-
-    static Page* stopped;
-    stopped = page.page.get();
-    const UINT_PTR stop = SetTimer(nullptr, 0, 500, [](HWND, UINT, UINT_PTR, DWORD) { stopped->Stop(); });
-    EXPECT_TRUE(page.Text(L"external.Run()").starts_with(L"failed"));
-    KillTimer(nullptr, stop);
-    EXPECT_EQ(RPC_E_DISCONNECTED, failure);
-    EXPECT_EQ(L"x", page.Text(L"p.innerText"));
-}
-
 TEST(HardPages, APageThatAlwaysAsksCanBeClosed) {
     OpenedPage page;
     int asked = 0;
