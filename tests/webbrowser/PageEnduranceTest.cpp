@@ -46,7 +46,10 @@ void CallEachWay(OpenedPage& page, int count) {
         number = CallMember(made.Object(), L"n", {});
     }
     EXPECT_EQ(count, number.Number());
-    EXPECT_EQ(std::to_wstring(count), page.Text(L"count(" + std::to_wstring(count) + L")"));
+    // What one script has got stays at least until that script ends: the engine keeps the targets of weak
+    // references for so long.
+    for (int i = 0; i < count; i += 1000)
+        EXPECT_EQ(std::to_wstring(i + 1000), page.Text(L"count(" + std::to_wstring(i) + L")"));
 }
 
 void ExpectCallsLeaveNothing(int count) {
@@ -62,8 +65,8 @@ void ExpectCallsLeaveNothing(int count) {
         return Object(made);
     };
     page.Show(
-        "<script>function count(calls) { let n = 0; while (n < calls) n = external.Make(external.Next(n)).n; "
-        "return n; }</script>");
+        "<script>function count(from) { let n = from; while (n < from + 1000) "
+        "n = external.Make(external.Next(n)).n; return n; }</script>");
     CallEachWay(page, 1000);
     const std::int64_t scripts = page.CollectGarbage();
     const long objects = LiveObjects();
