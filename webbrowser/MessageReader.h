@@ -11,7 +11,7 @@ namespace nux::webbrowser {
 class MessageReader {
 public:
     /// A longer message is none that this project's pages cause.
-    static constexpr std::size_t longest = 256U << 20;
+    static constexpr std::size_t longest = 64U << 20;
 
     /// Adds what was read. @return false if a message gets longer than that; nothing more is read then
     bool Append(std::string_view bytes);

@@ -58,7 +58,7 @@ TEST_F(PagesOfTheSampleHost, ReachTheComponentByAClick) {
     driver::PressPointer(driver::PointerButton::Left);
     driver::ReleasePointer(driver::PointerButton::Left);
     WaitForCall("    SetMessage pressed");
-    EXPECT_TRUE(Address().ends_with("data/Tarnvale.htm")) << Address();
+    driver::WaitFor("the page's address", [&] { return Address().ends_with("data/Tarnvale.htm"); });
     End();
 }
 
