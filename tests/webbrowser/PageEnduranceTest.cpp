@@ -36,6 +36,23 @@ TEST(PageEndurance, FiveHundredPagesLeaveNothing) {
     EXPECT_LE(HandleCount(), handles + 3);
 }
 
+TEST(PageEndurance, TenThousandElementsAreAskedForOneAfterTheOther) {
+    constexpr int count = 10000;
+    OpenedPage page;
+    page.Show(
+        "<script>for (var i = 0; i < 10000; ++i) document.write('<i id=e' + i + '>' + i + '</i>')</script>");
+    const long objects = LiveObjects();
+    int right = 0;
+    for (int i = 0; i < count; ++i) {
+        const Variant number = Number(i);
+        const PageReference element =
+            page->CallForObject("i => document.getElementById('e' + i)", {&number, 1});
+        right += element && element.Get(L"textContent").Text() == std::to_wstring(i);
+    }
+    EXPECT_EQ(count, right);
+    EXPECT_EQ(objects, LiveObjects());
+}
+
 /// Numbers, texts and objects of both sides, each way.
 void CallEachWay(OpenedPage& page, int count) {
     Variant number = Number(0);
