@@ -74,6 +74,10 @@ ScriptArray Thrown() {
 
 constexpr HRESULT cannotCreate = static_cast<HRESULT>(0x800a01ad);  // as script engines have it
 
+constexpr HRESULT outOfStack = static_cast<HRESULT>(0x800a001c);  // likewise
+/// Calls of the page within calls of the program within calls of the page: each takes of this thread's stack.
+constexpr std::size_t mostNested = 64;
+
 ComPtr<IDispatch> MakeRegistered(const std::wstring& name) {
     CLSID classId{};
     ComPtr<IDispatch> object;
@@ -207,6 +211,11 @@ void ScriptBridge::Serve(const std::string& request, std::string_view body) {
         return;
     }
 
+    if (asked_.size() >= mostNested) {
+        const ScriptArray refusal = {Text(u"throw"), ErrorValue(outOfStack, L"Out of stack space")};
+        Fulfill(request, EncodeScriptValue({refusal}));
+        return;
+    }
     const auto call = std::make_shared<Asked>();
     call->request = request;
     asked_.push_back(call);

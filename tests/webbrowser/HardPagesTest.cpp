@@ -10,6 +10,7 @@
 #include "framework/Text.h"
 #include "tests/webbrowser/ExternalDouble.h"
 #include "tests/webbrowser/OpenedPage.h"
+#include "webbrowser/DispatchMembers.h"
 
 namespace nux::webbrowser {
 namespace {
@@ -75,6 +76,18 @@ TEST(HardPages, AnEndlessScriptWhileLoadingEndsWithThePage) {
     OpenedPage other;
     other.Show("<p id=p>x");
     EXPECT_EQ(L"x", other.Text(L"p.innerText"));
+}
+
+TEST(HardPages, CallsWithinCallsComeToAnEnd) {
+    OpenedPage page;
+    const auto external = MakeObject<ExternalDouble>();
+    page.external = external;
+    external->methods[L"Run"] = [](const ExternalDouble::Arguments& arguments) {
+        return CallMember(arguments.at(0).Object(), L"", {});
+    };
+    page.Show("<p id=p>x<script>function again() { return external.Run(again); }</script>");
+    EXPECT_EQ(L"failed: Out of stack space", page.Text(L"again()"));
+    EXPECT_EQ(L"x", page.Text(L"p.innerText"));
 }
 
 TEST(HardPages, APageThatAlwaysAsksCanBeClosed) {
